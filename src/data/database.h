@@ -1,0 +1,48 @@
+#pragma once
+
+#include "data/recordset.h"
+
+#include <QString>
+
+#include <memory>
+#include <stdexcept>
+
+class Dialect;
+
+// A failure reported by a database engine. `number` is the engine's own error number;
+// `description` the engine's text, shown to the user and logged as it stands.
+class DbError : public std::runtime_error {
+public:
+    DbError(qint64 number, const QString& description);
+    qint64 number() const { return m_number; }
+    QString description() const { return m_description; }
+
+private:
+    qint64 m_number;
+    QString m_description;
+};
+
+// The database is gone (cannot open, I/O error, not a database, corrupt, link lost). The old
+// program met this as the provider's general failure 0x80004005 and ended after the box.
+class ConnectionLost : public DbError {
+public:
+    static constexpr qint64 GeneralFailure = 0x80004005LL;
+    explicit ConnectionLost(const QString& description)
+        : DbError(GeneralFailure, description) {}
+};
+
+// One open connection. Statements are text; a select returns every row at once.
+class Database {
+public:
+    virtual ~Database() = default;
+    virtual RecordSet select(const QString& sql) = 0;
+    // A text may hold several statements separated by ";". Returns the rows affected.
+    virtual qint64 execute(const QString& sql) = 0;
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    virtual void rollback() = 0;
+    virtual bool inTransaction() const = 0;
+    virtual const Dialect& dialect() const = 0;
+    // Statement time limit in seconds (90 in production; tests lower it).
+    virtual void setStatementTimeout(int seconds) = 0;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+
+class DbError;
+
+// Kinds of the catalogue: E notice, I information, Q question (Yes/No), S warning.
+enum class MessageKind { E, I, Q, S };
+
+struct CatalogueEntry {
+    int number;
+    MessageKind kind;
+    const char* text; // UTF-8; lines joined by "\r\n"
+};
+
+// Looks a number up; nullptr when the catalogue has no row.
+const CatalogueEntry* catalogueEntry(int number);
+QString messageTitle(MessageKind kind);
+// The old box style value: 48, 64, 36, 16.
+int messageStyle(MessageKind kind);
+
+// Shows a box and answers the pressed button: 1 OK, 6 Yes, 7 No.
+class MessagePresenter {
+public:
+    virtual ~MessagePresenter() = default;
+    virtual int show(MessageKind kind, const QString& title, const QString& text) = 0;
+};
+
+// "OK" (OK or Yes), "NO", or "" when there was nothing to show.
+QString gfsMessage(int msgNo, const QString& extra = QString());
+QString gfsMsgBox(const QString& text);
+// The one road of an unexpected failure: box, C_ERROR row; a lost connection ends the process.
+void gsErrorLog(qint64 number, const QString& description, const QString& place,
+                const QString& statement);
+void gsErrorLog(const DbError& error, const QString& place, const QString& statement);

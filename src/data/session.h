@@ -1,0 +1,43 @@
+#pragma once
+
+#include "data/connectionconfig.h"
+
+#include <QDateTime>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class Database;
+class MessagePresenter;
+
+// The process-wide session record: written at start-up, read everywhere, one thread.
+struct Session {
+    QString gsCompany;
+    QString gsUserId;
+    QString gsUserName;
+    QString gsUserClass;
+    QString gsMsgResult = QStringLiteral("NO");
+
+    std::unique_ptr<Database> gDb;       // TORVIX
+    std::unique_ptr<Database> gDbUpdate; // UPDATE: the SQLTEXT trace only
+
+    QPointer<QWidget> gActiveForm; // the screen the tool bars drive
+
+    QString gsPopupCode; // in/out fields of the code search popup
+    QString gsPopupName;
+    QString gsPopupKind;
+
+    ConnectionConfig config;
+
+    // Where message boxes go; the program installs the Qt presenter, tests a scripted one.
+    std::shared_ptr<MessagePresenter> presenter;
+    // Ends the process (message 3, 4, a lost connection). Tests replace it to observe the end.
+    std::function<void(int)> endProcess;
+};
+
+Session& session();
+// Drops connections and state; tests start each case from here.
+void resetSession();
