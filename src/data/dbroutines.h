@@ -31,7 +31,8 @@ public:
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
     bool ok() const { return m_open; }
-    void commit();
+    // False when the commit itself failed (already shown and logged).
+    bool commit();
     void rollback();
 
 private:

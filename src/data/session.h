@@ -5,7 +5,7 @@
 #include <QDateTime>
 #include <QPointer>
 #include <QString>
-#include <QWidget>
+#include <QObject>
 
 #include <functional>
 #include <memory>
@@ -24,7 +24,7 @@ struct Session {
     std::unique_ptr<Database> gDb;       // TORVIX
     std::unique_ptr<Database> gDbUpdate; // UPDATE: the SQLTEXT trace only
 
-    QPointer<QWidget> gActiveForm; // the screen the tool bars drive
+    QPointer<QObject> gActiveForm; // the screen the tool bars drive
 
     QString gsPopupCode; // in/out fields of the code search popup
     QString gsPopupName;

@@ -1,0 +1,178 @@
+#include "data/dbroutines.h"
+
+#include "data/connections.h"
+#include "data/database.h"
+#include "data/dialect.h"
+#include "data/messages.h"
+#include "data/session.h"
+
+namespace {
+
+bool connect(std::unique_ptr<Database>& db, const QString& target) {
+    if (db) {
+        return true;
+    }
+    try {
+        db = openDatabase(target, session().config);
+        return true;
+    } catch (const DbError&) {
+        // The caller sees only the false; the first statement that checks it tells the user.
+        db.reset();
+        return false;
+    }
+}
+
+bool blank(const QString& sql) { return sql.trimmed().isEmpty(); }
+
+// A lost connection is dropped so that the next call connects anew.
+void dropIfLost(const DbError& error, std::unique_ptr<Database>& db) {
+    if (error.number() == ConnectionLost::GeneralFailure) {
+        db.reset();
+    }
+}
+
+} // namespace
+
+bool gfbConnectDB() { return connect(session().gDb, session().config.torvix); }
+
+bool gfbConnectUpdateDB() { return connect(session().gDbUpdate, session().config.update); }
+
+bool gfbSqlSelectDB(const QString& sql, RecordSet& rs, qint64& count) {
+    if (blank(sql)) {
+        gfsMessage(16);
+        return false;
+    }
+    if (!gfbConnectDB()) {
+        return false;
+    }
+    try {
+        rs = session().gDb->select(sql);
+        count = rs.recordCount();
+        return true;
+    } catch (const DbError& error) {
+        gsErrorLog(error, QStringLiteral("basDatabase : gfbSqlSelectDB"), QString());
+        dropIfLost(error, session().gDb);
+        return false;
+    }
+}
+
+bool gfbSqlSelectDB(const QString& sql, RecordSet& rs) {
+    qint64 count = 0;
+    return gfbSqlSelectDB(sql, rs, count);
+}
+
+bool gfbSqlExecuteDB(const QString& sql, qint64& affected) {
+    if (blank(sql)) {
+        gfsMessage(17);
+        return false;
+    }
+    if (!gfbConnectDB()) {
+        return false;
+    }
+    // The trace comes first and runs on its own connection, so it survives a failing statement
+    // and a rolled-back transaction.
+    QString traced = sql;
+    traced.replace(QLatin1Char('\''), QLatin1Char('`'));
+    qint64 traceRows = 0;
+    gfbSqlExecuteUpdateDB(QStringLiteral(" INSERT INTO SQLTEXT (SQLTEXT, REGDTTM) VALUES ('") +
+                              traced + QStringLiteral("', ") +
+                              (session().gDbUpdate && session().gDbUpdate->dialect().isSqlServer()
+                                   ? QStringLiteral("convert(varchar, getdate(), 120)")
+                                   : QStringLiteral("SUBSTR(GETDATE(), 1, 19)")) +
+                              QStringLiteral(" )"),
+                          traceRows);
+    try {
+        affected = session().gDb->execute(sql);
+        return true;
+    } catch (const DbError& error) {
+        gsErrorLog(error, QStringLiteral("basDatabase : gfbSqlExecuteDB"), sql);
+        dropIfLost(error, session().gDb);
+        return false;
+    }
+}
+
+bool gfbSqlExecuteDB(const QString& sql) {
+    qint64 affected = 0;
+    return gfbSqlExecuteDB(sql, affected);
+}
+
+bool gfbSqlExecuteUpdateDB(const QString& sql, qint64& affected) {
+    if (blank(sql)) {
+        gfsMessage(16);
+        return false;
+    }
+    // Best effort: every failure here is ignored and the main statement goes on.
+    if (!gfbConnectUpdateDB()) {
+        return false;
+    }
+    try {
+        affected = session().gDbUpdate->execute(sql);
+        return true;
+    } catch (const DbError& error) {
+        dropIfLost(error, session().gDbUpdate);
+        return false;
+    }
+}
+
+QString gfRdoGetDbSysDate() {
+    RecordSet rs;
+    const QString sql = QStringLiteral(" select /* basCommon gfRdoGetDbSysDate 1 */  ") +
+                        (gfbConnectDB() && dialect().isSqlServer()
+                             ? QStringLiteral(" convert(char,getdate(),121) as DBDATE ")
+                             : QStringLiteral(" GETDATE() as DBDATE "));
+    if (!gfbSqlSelectDB(sql, rs) || rs.eof()) {
+        return QString();
+    }
+    QString date = rs.field(QStringLiteral("DBDATE"));
+    date.remove(QLatin1Char('-')).remove(QLatin1Char(' ')).remove(QLatin1Char(':'));
+    return date.left(8);
+}
+
+Database& gDb() { return *session().gDb; }
+
+const Dialect& dialect() {
+    static const Dialect embedded(Dialect::Engine::Sqlite);
+    return session().gDb ? session().gDb->dialect() : embedded;
+}
+
+Transaction::Transaction() {
+    if (!gfbConnectDB()) {
+        return;
+    }
+    try {
+        session().gDb->begin();
+        m_open = true;
+    } catch (const DbError& error) {
+        gsErrorLog(error, QStringLiteral("basDatabase : BeginTrans"), QString());
+    }
+}
+
+Transaction::~Transaction() { rollback(); }
+
+bool Transaction::commit() {
+    if (!m_open) {
+        return false;
+    }
+    m_open = false;
+    try {
+        session().gDb->commit();
+        return true;
+    } catch (const DbError& error) {
+        session().gDb->rollback();
+        gsErrorLog(error, QStringLiteral("basDatabase : CommitTrans"), QString());
+        return false;
+    }
+}
+
+void Transaction::rollback() {
+    if (!m_open || !session().gDb) {
+        m_open = false;
+        return;
+    }
+    m_open = false;
+    try {
+        session().gDb->rollback();
+    } catch (const DbError&) {
+        // A rollback that cannot run leaves nothing to undo.
+    }
+}

@@ -1,0 +1,4 @@
+#pragma once
+
+// Makes every screen known to the main window's number table.
+void registerScreens();
