@@ -1,3 +1,7 @@
+#include "screens/screens.h"
 #include "shell/startup.h"
 
-int main(int argc, char** argv) { return torvixMain(argc, argv); }
+int main(int argc, char** argv) {
+    registerScreens();
+    return torvixMain(argc, argv);
+}

@@ -107,14 +107,14 @@ constexpr CatalogueEntry kCatalogue[] = {
     {9002, MessageKind::I, "사용자ID가 존재하지 않습니다. "},
 };
 
-int present(MessageKind kind, const QString& text) {
+int present(MessageKind kind, const QString& text, const QString& title = QString()) {
     auto& presenter = session().presenter;
     if (!presenter) {
-        // No window system (command-line tools): say it on stderr, take the safe answer.
+        // No one to ask (command-line tools, a screenshot run): say it on stderr and go on.
         std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
-        return kind == MessageKind::Q ? 7 : 1;
+        return kind == MessageKind::Q ? 6 : 1;
     }
-    return presenter->show(kind, messageTitle(kind), text);
+    return presenter->show(kind, title.isEmpty() ? messageTitle(kind) : title, text);
 }
 
 QString answer(int button) {
@@ -141,6 +141,7 @@ QString messageTitle(MessageKind kind) {
     case MessageKind::Q:
         return QStringLiteral("선  택");
     case MessageKind::S:
+    case MessageKind::Plain:
         break;
     }
     return QStringLiteral("경  고");
@@ -154,6 +155,8 @@ int messageStyle(MessageKind kind) {
         return 64;
     case MessageKind::Q:
         return 36;
+    case MessageKind::Plain:
+        return 0;
     case MessageKind::S:
         break;
     }
@@ -179,6 +182,16 @@ QString gfsMessage(int msgNo, const QString& extra) {
 QString gfsMsgBox(const QString& text) {
     session().gsMsgResult = QStringLiteral("NO");
     return answer(present(MessageKind::S, text));
+}
+
+QString gfsAsk(const QString& text) {
+    session().gsMsgResult = QStringLiteral("NO");
+    gsWaitCursor(false);
+    return answer(present(MessageKind::Q, text));
+}
+
+void gfsPlainBox(const QString& text, const QString& title) {
+    present(MessageKind::Plain, text, title);
 }
 
 void gsErrorLog(const DbError& error, const QString& place, const QString& statement) {

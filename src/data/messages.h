@@ -4,8 +4,9 @@
 
 class DbError;
 
-// Kinds of the catalogue: E notice, I information, Q question (Yes/No), S warning.
-enum class MessageKind { E, I, Q, S };
+// Kinds of the catalogue: E notice, I information, Q question (Yes/No), S warning; Plain is a
+// box with an OK button, no icon and a title of the caller's.
+enum class MessageKind { E, I, Q, S, Plain };
 
 struct CatalogueEntry {
     int number;
@@ -29,6 +30,10 @@ public:
 // "OK" (OK or Yes), "NO", or "" when there was nothing to show.
 QString gfsMessage(int msgNo, const QString& extra = QString());
 QString gfsMsgBox(const QString& text);
+// A Yes/No question outside the catalogue; "OK" for Yes.
+QString gfsAsk(const QString& text);
+// A plain box with the caller's title, outside the catalogue.
+void gfsPlainBox(const QString& text, const QString& title = QStringLiteral("TORVIX_OPERATE"));
 // The one road of an unexpected failure: box, C_ERROR row; a lost connection ends the process.
 void gsErrorLog(qint64 number, const QString& description, const QString& place,
                 const QString& statement);

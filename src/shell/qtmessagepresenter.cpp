@@ -21,6 +21,9 @@ int QtMessagePresenter::show(MessageKind kind, const QString& title, const QStri
     case MessageKind::S:
         box.setIcon(QMessageBox::Critical);
         break;
+    case MessageKind::Plain:
+        box.setIcon(QMessageBox::NoIcon);
+        break;
     }
     if (kind == MessageKind::Q) {
         QPushButton* yes = box.addButton(QStringLiteral("예"), QMessageBox::YesRole);

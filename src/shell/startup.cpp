@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QLineEdit>
 #include <QPainter>
 #include <QTimer>
 
@@ -66,7 +67,12 @@ int torvixMain(int argc, char** argv) {
     useKoreanFont(app);
 
     Session& s = session();
-    s.presenter = std::make_shared<QtMessagePresenter>();
+    if (qEnvironmentVariableIsSet("TORVIX_SCREENSHOT")) {
+        // Nobody is there to answer a box during a screenshot run: print it and take OK.
+        s.presenter.reset();
+    } else {
+        s.presenter = std::make_shared<QtMessagePresenter>();
+    }
     s.endProcess = [](int code) { std::exit(code); };
 
     SingleInstance instance(QStringLiteral("TORVIX_OPERATE-") + qEnvironmentVariable("USER"));
@@ -103,6 +109,11 @@ int torvixMain(int argc, char** argv) {
         window.activateWindow();
     });
     window.show();
+    // TORVIX_OPEN=NNN opens a program by its number, as if typed into the menu box.
+    if (const QString number = qEnvironmentVariable("TORVIX_OPEN"); !number.isEmpty()) {
+        window.programBox()->setText(number);
+        window.cmdRun_Click();
+    }
     scheduleScreenshot(&window);
     return app.exec();
 }

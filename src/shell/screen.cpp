@@ -1,0 +1,147 @@
+#include "shell/screen.h"
+
+#include "data/database.h"
+#include "data/messages.h"
+#include "data/session.h"
+#include "shell/mainmdi.h"
+#include "shell/proginit.h"
+
+#include <QAbstractSpinBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QStatusBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <exception>
+
+Screen::Screen(const QString& name, const QString& designCaption, QWidget* parent)
+    : QWidget(parent), m_content(new QVBoxLayout), m_statusBar(new QStatusBar(this)) {
+    setObjectName(name);
+    setWindowTitle(designCaption);
+    auto* outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->setSpacing(0);
+    m_content->setContentsMargins(8, 8, 8, 8);
+    m_content->setSpacing(6);
+    outer->addLayout(m_content, 1);
+    m_statusBar->setObjectName(QStringLiteral("sbStatusBar"));
+    m_statusBar->setSizeGripEnabled(false);
+    outer->addWidget(m_statusBar);
+    for (int i = 0; i < 3; ++i) {
+        m_panels[i] = new QLabel(m_statusBar);
+        m_panels[i]->setObjectName(QStringLiteral("sbStatusBar_Panel%1").arg(i + 1));
+        m_statusBar->addWidget(m_panels[i], i == 0 ? 1 : 0);
+    }
+}
+
+QLabel* Screen::statusPanel(int index) const { return m_panels[qBound(1, index, 3) - 1]; }
+
+void Screen::setStatusNote(const QString& text) { m_panels[0]->setText(text); }
+
+QString Screen::placeText(const QString& routine) const {
+    return objectName() + QStringLiteral(" : ") + routine;
+}
+
+void Screen::load() {
+    mdStart = QDateTime::currentDateTime();
+    gsProgInit(session().gsUserId, this);
+    m_panels[1]->setText(session().gsUserId + QStringLiteral(" / ") + session().gsUserName);
+    m_panels[2]->setText(mdStart.toString(QStringLiteral("hh:mm:ss")));
+    mbLoaded = false;
+    guarded(QStringLiteral("Form_Load"), [this] { setupScreen(); });
+    mbLoaded = true;
+    wireInputFields();
+    if (searchesAtLoad()) {
+        m_Search();
+    }
+}
+
+void Screen::activateScreen() {
+    session().gActiveForm = this;
+    if (MAINMDI* main = mainWindow()) {
+        main->setToolBarsFor(objectName());
+    }
+}
+
+void Screen::m_Close() {
+    if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget())) {
+        frame->close();
+    } else {
+        close();
+    }
+}
+
+bool Screen::guarded(const QString& routine, const std::function<void()>& body, bool rollback) {
+    const auto rollbackIfAsked = [rollback] {
+        if (rollback && session().gDb && session().gDb->inTransaction()) {
+            try {
+                session().gDb->rollback();
+            } catch (const DbError&) {
+            }
+        }
+    };
+    try {
+        body();
+        return true;
+    } catch (const DbError& error) {
+        rollbackIfAsked();
+        gsErrorLog(error, placeText(routine), QString());
+    } catch (const std::exception& error) {
+        rollbackIfAsked();
+        gsErrorLog(-1, QString::fromLocal8Bit(error.what()), placeText(routine), QString());
+    }
+    return false;
+}
+
+void Screen::closeEvent(QCloseEvent* event) {
+    if (!m_logged) {
+        m_logged = true;
+        gsUserLog(session().gsUserId, this, mdStart);
+    }
+    if (session().gActiveForm == this) {
+        session().gActiveForm = nullptr;
+    }
+    event->accept();
+}
+
+void Screen::wireInputFields() {
+    const auto edits = findChildren<QLineEdit*>();
+    for (QLineEdit* edit : edits) {
+        edit->installEventFilter(this);
+    }
+    const auto combos = findChildren<QComboBox*>();
+    for (QComboBox* combo : combos) {
+        combo->installEventFilter(this);
+    }
+    const auto spins = findChildren<QAbstractSpinBox*>();
+    for (QAbstractSpinBox* spin : spins) {
+        spin->installEventFilter(this);
+    }
+}
+
+bool Screen::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        // Select the whole text on entry, after the click that placed the caret.
+        if (auto* edit = qobject_cast<QLineEdit*>(watched); edit && !edit->isReadOnly()) {
+            QTimer::singleShot(0, edit, [edit] { edit->selectAll(); });
+        }
+    } else if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        // Enter walks the fields in tab order. A box whose Enter runs a command of its own
+        // (returnPressed) still gets it: the walk comes after.
+        if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) &&
+            key->modifiers() == Qt::NoModifier) {
+            if (auto* edit = qobject_cast<QLineEdit*>(watched)) {
+                emit edit->returnPressed();
+            }
+            focusNextChild();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}

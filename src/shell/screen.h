@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QDateTime>
+#include <QWidget>
+
+#include <functional>
+
+class QLabel;
+class QStatusBar;
+class QVBoxLayout;
+class DbError;
+
+// The base of every child screen of the main window. A screen builds its fields in
+// setupScreen(), and the tool bars drive it through the seven public commands. Statements run in
+// the screen's s... routines, each inside guarded() which is its one error trap.
+class Screen : public QWidget {
+    Q_OBJECT
+public:
+    Screen(const QString& name, const QString& designCaption, QWidget* parent = nullptr);
+
+    // The seven commands of the tool bars. The defaults do nothing, except m_Close.
+    virtual void m_Excel() {}
+    virtual void m_Print(int mode) { Q_UNUSED(mode) }
+    virtual void m_Close();
+    virtual void m_clear() {}
+    virtual void m_Search() {}
+    virtual void m_Save() {}
+    virtual void m_Delete() {}
+
+    // The load handler: start time, caption and C_LOG, status bar, setup, the search at load.
+    void load();
+    // The activate handler: becomes the tool bars' target and sets which buttons work.
+    void activateScreen();
+    bool isLoaded() const { return mbLoaded; }
+    QDateTime startTime() const { return mdStart; }
+    QLabel* statusPanel(int index) const;
+
+protected:
+    // Grids, combos and defaults; runs while mbLoaded is false.
+    virtual void setupScreen() = 0;
+    // True for the screens that search as soon as they are loaded.
+    virtual bool searchesAtLoad() const { return false; }
+
+    // The area below which the status bar sits; a screen lays its bands out in it.
+    QVBoxLayout* contentLayout() const { return m_content; }
+    // "BAMAS105 : sSelectQuery"
+    QString placeText(const QString& routine) const;
+    // The routine's one error trap: runs body; an unexpected failure rolls back an open
+    // transaction when asked, goes to gsErrorLog with the place text, and answers false.
+    bool guarded(const QString& routine, const std::function<void()>& body, bool rollback = false);
+    // Panel 1: the screen's short notes.
+    void setStatusNote(const QString& text);
+
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    QDateTime mdStart;
+    bool mbLoaded = false;
+
+private:
+    void wireInputFields();
+
+    QVBoxLayout* m_content;
+    QStatusBar* m_statusBar;
+    QLabel* m_panels[3];
+    bool m_logged = false;
+};
