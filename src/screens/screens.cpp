@@ -1,3 +1,9 @@
 #include "screens/screens.h"
 
-void registerScreens() {}
+void registerScreens() {
+    registerOrganisationScreens();
+    registerSchoolScreens();
+    registerContractScreens();
+    registerStockScreens();
+    registerSalesScreens();
+}
