@@ -3,13 +3,20 @@
 #include "data/database.h"
 #include "data/dialect.h"
 #include "data/recordset.h"
+#include "data/schema/tables.h"
+#include "data/schema/views.h"
+#include "data/sqlvalue.h"
+
+#include <algorithm>
 
 namespace {
 
 ColumnDef text(const char* name, int width = 0, bool fixed = false) {
     return ColumnDef{QString::fromLatin1(name), ColumnType::Text, width, fixed};
 }
-ColumnDef integer(const char* name) { return ColumnDef{QString::fromLatin1(name), ColumnType::Int}; }
+ColumnDef integer(const char* name) {
+    return ColumnDef{QString::fromLatin1(name), ColumnType::Int};
+}
 ColumnDef datetime(const char* name) {
     return ColumnDef{QString::fromLatin1(name), ColumnType::DateTime};
 }
@@ -75,7 +82,9 @@ QString sqlServerType(const ColumnDef& column) {
         return QStringLiteral("VARCHAR(MAX)");
     }
     const int width = column.width > 0 ? column.width : 255;
-    return QStringLiteral("%1(%2)").arg(column.fixed ? QStringLiteral("CHAR") : QStringLiteral("VARCHAR")).arg(width);
+    return QStringLiteral("%1(%2)")
+        .arg(column.fixed ? QStringLiteral("CHAR") : QStringLiteral("VARCHAR"))
+        .arg(width);
 }
 
 QString tableDdl(const TableDef& table, bool sqlServer) {
@@ -105,7 +114,18 @@ QString tableDdl(const TableDef& table, bool sqlServer) {
 } // namespace
 
 const std::vector<TableDef>& schemaTables() {
-    static const std::vector<TableDef> tables = logTables();
+    static const std::vector<TableDef> tables = [] {
+        std::vector<TableDef> all = logTables();
+        for (auto part : {masterTables(), stockTables(), slipTables()}) {
+            all.insert(all.end(), part.begin(), part.end());
+        }
+        for (const QString& name : backedUpSlipTables()) {
+            const auto source = std::find_if(all.begin(), all.end(),
+                                             [&](const TableDef& t) { return t.name == name; });
+            all.push_back(backupTable(*source));
+        }
+        return all;
+    }();
     return tables;
 }
 
@@ -118,20 +138,86 @@ const TableDef* findTable(const QString& name) {
     return nullptr;
 }
 
-QString sqliteTableDdl(const TableDef& table) { return tableDdl(table, false); }
+QString sqliteTableDdl(const TableDef& table) {
+    return tableDdl(table, false);
+}
 
-QString sqlServerTableDdl(const TableDef& table) { return tableDdl(table, true); }
+QString sqlServerTableDdl(const TableDef& table) {
+    return tableDdl(table, true);
+}
 
 QString schemaDdl(const QString& database, bool sqlServer) {
+    // On the server a view or function must open its own batch.
+    const QString batchEnd = sqlServer ? QStringLiteral("GO\n") : QString();
     QString ddl;
     for (const TableDef& table : schemaTables()) {
         if (table.database == database) {
             ddl += tableDdl(table, sqlServer);
         }
     }
+    if (database != QLatin1String("TORVIX")) {
+        return ddl;
+    }
+    ddl += batchEnd;
+    for (const ViewDef& view : schemaViews()) {
+        ddl += viewDdl(view, sqlServer) + (sqlServer ? batchEnd : QStringLiteral(";\n"));
+    }
+    if (sqlServer) {
+        for (const QString& function : sqlServerFunctionDdl()) {
+            ddl += function + batchEnd;
+        }
+    }
     return ddl;
 }
 
 void createSchema(Database& db, const QString& database) {
-    db.execute(schemaDdl(database, db.dialect().isSqlServer()));
+    const bool sqlServer = db.dialect().isSqlServer();
+    for (const TableDef& table : schemaTables()) {
+        if (table.database != database) {
+            continue;
+        }
+        if (sqlServer) {
+            db.execute(QStringLiteral("IF OBJECT_ID(") + quoted(table.name) +
+                       QStringLiteral(") IS NULL EXEC(") + quoted(tableDdl(table, true)) +
+                       QStringLiteral(")"));
+        } else {
+            db.execute(tableDdl(table, false));
+        }
+    }
+    if (database != QLatin1String("TORVIX")) {
+        return;
+    }
+    if (sqlServer) {
+        // The server's views and functions are the DBA's to change; only missing ones are made.
+        for (const ViewDef& view : schemaViews()) {
+            db.execute(QStringLiteral("IF OBJECT_ID(") + quoted(view.name) +
+                       QStringLiteral(") IS NULL EXEC(") + quoted(viewDdl(view, true)) +
+                       QStringLiteral(")"));
+        }
+        const QStringList names{QStringLiteral("FN_STOREFULLNAME"),
+                                QStringLiteral("FN_STOREADDRES"), QStringLiteral("FN_STORETEL")};
+        const QStringList functions = sqlServerFunctionDdl();
+        for (qsizetype i = 0; i < functions.size(); ++i) {
+            db.execute(QStringLiteral("IF OBJECT_ID(") + quoted(QStringLiteral("DBO.") + names[i]) +
+                       QStringLiteral(") IS NULL EXEC(") + quoted(functions[i]) +
+                       QStringLiteral(")"));
+        }
+        return;
+    }
+    // Embedded views are ours: made anew each start, so a newer program's definition wins.
+    QString ddl;
+    for (auto view = schemaViews().rbegin(); view != schemaViews().rend(); ++view) {
+        ddl += QStringLiteral("DROP VIEW IF EXISTS ") + view->name + QStringLiteral(";\n");
+    }
+    for (const ViewDef& view : schemaViews()) {
+        ddl += viewDdl(view, false) + QStringLiteral(";\n");
+    }
+    db.begin();
+    try {
+        db.execute(ddl);
+        db.commit();
+    } catch (...) {
+        db.rollback();
+        throw;
+    }
 }

@@ -15,15 +15,15 @@ enum class ColumnType { Text, Int, BigInt, Money, DateTime };
 struct ColumnDef {
     QString name;
     ColumnType type = ColumnType::Text;
-    int width = 0; // text: SQL Server width in bytes (0 = VARCHAR(255)); ignored elsewhere
+    int width = 0;      // text: SQL Server width in bytes (0 = VARCHAR(255)); ignored elsewhere
     bool fixed = false; // CHAR rather than VARCHAR on SQL Server
 };
 
 struct TableDef {
     QString name;
     std::vector<ColumnDef> columns;
-    QStringList key;       // primary key columns, may be empty
-    QStringList indexes;   // extra indexes, each "COL1, COL2"
+    QStringList key;                             // primary key columns, may be empty
+    QStringList indexes;                         // extra indexes, each "COL1, COL2"
     QString database = QStringLiteral("TORVIX"); // or "UPDATE"
 };
 
