@@ -1,0 +1,176 @@
+#include "data/database.h"
+#include "data/schema/storefunctions.h"
+#include "data/session.h"
+#include "data/sqlitedatabase.h"
+#include "support/testdb.h"
+
+namespace {
+
+class ViewsTest : public TestDb {
+protected:
+    void SetUp() override {
+        TestDb::SetUp();
+        loadFixture(QStringLiteral("views_small.sql"));
+    }
+
+    // The labels of one row of VIW_SCHUNIFOMSIZE, "SIZETAB:C01,C02,C03".
+    QString labels(const QString& school, const QString& cd, const QString& year) {
+        return scalar(
+            QStringLiteral("SELECT SIZETAB || ':' || C01 || ',' || C02 || ',' || C03 "
+                           "FROM VIW_SCHUNIFOMSIZE WHERE STORECD = '01' AND SCHOOLCD = '%1' "
+                           "AND CD = '%2' AND BSYYYY = '%3'")
+                .arg(school, cd, year));
+    }
+    QString stock(const QString& school, const QString& cd, const QString& year,
+                  const QString& columns = QStringLiteral("C01 || ',' || C02 || ',' || C03")) {
+        return scalar(QStringLiteral("SELECT %4 FROM VIW_STOCKQTY_TEMP WHERE COMPANY = '01' AND "
+                                     "STORECD = '01' AND SCHOOLCD = '%1' AND UNIFORMCD = '%2' AND "
+                                     "YYYY = '%3'")
+                          .arg(school, cd, year, columns));
+    }
+};
+
+TEST_F(ViewsTest, modelYearsRunFromFirstLabelYearToYearAfterCurrent_eachOnce) {
+    EXPECT_EQ(count(QStringLiteral("VIW_BSYYYY")), 6);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT MIN(BSYYYY) || '-' || MAX(BSYYYY) FROM VIW_BSYYYY")),
+              QStringLiteral("2020-2025"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT COUNT(DISTINCT BSYYYY) FROM VIW_BSYYYY")),
+              QStringLiteral("6"));
+    // Text, so that it compares with the text year columns.
+    EXPECT_EQ(
+        count(QStringLiteral("VIW_BSYYYY"), QStringLiteral("BSYYYY BETWEEN '2022' AND '2024'")), 3);
+}
+
+TEST_F(ViewsTest, schoolItemSizes_oneRowPerStoreSchoolItemYear_withLabelsInForce) {
+    // School 001: jacket and common shirt; school 002: the same (its own shirt is stopped);
+    // six model years each.
+    EXPECT_EQ(count(QStringLiteral("VIW_SCHUNIFOMSIZE")), 2 * 2 * 6);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT COUNT(*) FROM (SELECT DISTINCT STORECD, SCHOOLCD, CD, "
+                                    "BSYYYY FROM VIW_SCHUNIFOMSIZE)")),
+              QStringLiteral("24"));
+    EXPECT_EQ(labels(QStringLiteral("001"), QStringLiteral("NB01"), QStringLiteral("2022")),
+              QStringLiteral("X:90,95,100"));
+    EXPECT_EQ(labels(QStringLiteral("001"), QStringLiteral("NB01"), QStringLiteral("2023")),
+              QStringLiteral("X:95,100,105"));
+    EXPECT_EQ(labels(QStringLiteral("001"), QStringLiteral("NB01"), QStringLiteral("2025")),
+              QStringLiteral("X:95,100,105"));
+    // Kids read the small range, whose only label year is 2020.
+    EXPECT_EQ(labels(QStringLiteral("002"), QStringLiteral("NB01"), QStringLiteral("2024")),
+              QStringLiteral("X:70,75,80"));
+    EXPECT_EQ(labels(QStringLiteral("001"), QStringLiteral("NB0301"), QStringLiteral("2024")),
+              QStringLiteral("J:85,90,95"));
+    EXPECT_EQ(count(QStringLiteral("VIW_SCHUNIFOMSIZE"), QStringLiteral("CD = 'NB03'")), 0);
+    EXPECT_EQ(count(QStringLiteral("VIW_SCHUNIFOMSIZE"), QStringLiteral("SUDIVIDE <> '1'")), 0);
+    EXPECT_EQ(count(QStringLiteral("VIW_SCHUNIFOMSIZE2")),
+              count(QStringLiteral("VIW_SCHUNIFOMSIZE")));
+
+    // A store that stops serving a school drops its rows.
+    exec(QStringLiteral("UPDATE C_STORESCHOOL SET USEYN = 'N' WHERE SCHOOLCD = '002'"));
+    EXPECT_EQ(count(QStringLiteral("VIW_SCHUNIFOMSIZE")), 2 * 6);
+}
+
+TEST_F(ViewsTest, receiptsAreSummedPerOrderLine_receiptsWithoutOrderLeftOut) {
+    exec(QStringLiteral(
+        "INSERT INTO T_INBOUND (COMPANY, STORECD, INBOUNDDT, INBOUNDSEQ, SCHOOLCD, SUDIVIDE, "
+        "UNIFORMCD, INYYYY, I01, I02, ORDERDT, ORDERSEQ, OUTBOUNDSTORE, INBOUNDGB) VALUES "
+        "('01', '01', '20240210', 1, '001', '1', 'NB01', '2024', 3, 1, '20240201', 1, '본사', 'A'),"
+        "('01', '01', '20240215', 1, '001', '1', 'NB01', '2024', 2, NULL, '20240201', 1, '본사', "
+        "'A'),"
+        "('01', '01', '20240215', 2, '001', '1', 'NB01', '2024', 4, 4, '20240201', 2, '본사', 'A'),"
+        "('01', '01', '20240216', 1, '001', '1', 'NB01', '2024', 9, 9, '', 0, '02', 'B')"));
+    EXPECT_EQ(count(QStringLiteral("VIW_T_INBOUND")), 2);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT I01 || ',' || I02 || ',' || I03 FROM VIW_T_INBOUND "
+                                    "WHERE ORDERDT = '20240201' AND ORDERSEQ = 1")),
+              QStringLiteral("5,1,0"));
+}
+
+TEST_F(ViewsTest, stockOfALine_followsTheStockReportsArithmetic) {
+    // Opening 5 at size 95, received twice 1: the opening stock counts once per receipt row.
+    exec(QStringLiteral(
+        "INSERT INTO T_BASSTOCKQTY (COMPANY, STORECD, SCHOOLCD, UNIFORMCD, YYYY, SIZETAB, "
+        "SUDIVIDE, C01, C02) "
+        "VALUES ('01', '01', '001', 'NB01', '2022', 'X', '1', 2, 5);"
+        "INSERT INTO T_INBOUND (COMPANY, STORECD, INBOUNDDT, INBOUNDSEQ, SCHOOLCD, SUDIVIDE, "
+        "UNIFORMCD, INYYYY, I02, INBOUNDGB) VALUES "
+        "('01', '01', '20240210', 1, '001', '1', 'NB01', '2022', 1, 'B'),"
+        "('01', '01', '20240211', 1, '001', '1', 'NB01', '2022', 1, 'B')"));
+    EXPECT_EQ(stock(QStringLiteral("001"), QStringLiteral("NB01"), QStringLiteral("2022")),
+              QStringLiteral("4,12,0"));
+
+    // Two equal ordinary outbound rows on two days go out once; corrections count each.
+    exec(QStringLiteral(
+        "INSERT INTO T_OUTBOUND (COMPANY, STORECD, OUTBOUNDDT, OUTBOUNDSEQ, SCHOOLCD, SUDIVIDE, "
+        "UNIFORMCD, OUTYYYY, O01, O02, INBOUNDSTORE, OUTBOUNDGB) VALUES "
+        "('01', '01', '20240301', 1, '001', '1', 'NB01', '2022', 1, 0, '02', 'M'),"
+        "('01', '01', '20240302', 1, '001', '1', 'NB01', '2022', 1, 0, '02', 'M'),"
+        "('01', '01', '20240303', 1, '001', '1', 'NB01', '2022', 0, -1, '', 'D'),"
+        "('01', '01', '20240304', 1, '001', '1', 'NB01', '2022', 0, -1, '', 'D')"));
+    EXPECT_EQ(stock(QStringLiteral("001"), QStringLiteral("NB01"), QStringLiteral("2022")),
+              QStringLiteral("3,14,0"));
+
+    // Completed sales go out, less pieces reserved and not yet secured; open, unbilled and
+    // cancelled slips and unknown sizes do not count.
+    exec(QStringLiteral(
+        "INSERT INTO S_ORDERHEAD (COMPANY, STORECD, SCHOOLCD, ORDDT, ORDSEQ, BILLNO, STATNM, "
+        "CANCELDT) VALUES "
+        "('01', '01', '001', '20240305', '0001', '001A0001', '완료', NULL),"
+        "('01', '01', '001', '20240305', '0002', NULL, '보류', NULL),"
+        "('01', '01', '001', '20240305', '0003', '001A0003', '완료', '2024-03-06 10:00:00.000');"
+        "INSERT INTO S_ORDERDETAIL (COMPANY, STORECD, SCHOOLCD, ORDDT, ORDSEQ, PKEY, UNIFORMCD, "
+        "YYYY, SEASON, SIZETAB, SIZE, CNT, AMT) VALUES "
+        "('01', '01', '001', '20240305', '0001', 'NB01  2N01', 'NB01', '2022', 'N', 'X', '95', 3, "
+        "1),"
+        "('01', '01', '001', '20240305', '0001', 'NB01  2N02', 'NB01', '2022', 'N', 'X', '999', 1, "
+        "1),"
+        "('01', '01', '001', '20240305', '0002', 'NB01  2N01', 'NB01', '2022', 'N', 'X', '95', 5, "
+        "1),"
+        "('01', '01', '001', '20240305', '0003', 'NB01  2N01', 'NB01', '2022', 'N', 'X', '95', 5, "
+        "1);"
+        "INSERT INTO S_REPAIRDETAIL (COMPANY, STORECD, ORDDT, ORDSEQ, PKEY, RESEQ, RESERVEDT, "
+        "USEYN) VALUES "
+        "('01', '01', '20240305', '0001', 'NB01  2N01', 1, '●', 'Y'),"
+        "('01', '01', '20240305', '0001', 'NB01  2N01', 2, '20240310', 'Y')"));
+    EXPECT_EQ(stock(QStringLiteral("001"), QStringLiteral("NB01"), QStringLiteral("2022")),
+              QStringLiteral("3,12,0"));
+}
+
+TEST_F(ViewsTest, commonItemSales_gatherUnderTheGreatestSchoolOfferingIt) {
+    exec(QStringLiteral("INSERT INTO S_ORDERHEAD (COMPANY, STORECD, SCHOOLCD, ORDDT, ORDSEQ, "
+                        "BILLNO, STATNM) VALUES "
+                        "('01', '01', '001', '20240305', '0001', '001A0001', '완료');"
+                        "INSERT INTO S_ORDERDETAIL (COMPANY, STORECD, SCHOOLCD, ORDDT, ORDSEQ, "
+                        "PKEY, UNIFORMCD, YYYY, SEASON, SIZETAB, SIZE, CNT, AMT) VALUES "
+                        "('01', '01', '001', '20240305', '0001', 'NB03014N01', 'NB0301', '2024', "
+                        "'N', 'J', '90', 2, 1)"));
+    // Sold at school 001, booked to 002: the Kids school reads other labels, so the size
+    // 90 finds no position there and nothing is taken from 001 either.
+    EXPECT_EQ(stock(QStringLiteral("001"), QStringLiteral("NB0301"), QStringLiteral("2024"),
+                    QStringLiteral("C01 + C02 + C03")),
+              QStringLiteral("0"));
+    exec(QStringLiteral("UPDATE S_ORDERDETAIL SET SIZE = '70'"));
+    EXPECT_EQ(stock(QStringLiteral("002"), QStringLiteral("NB0301"), QStringLiteral("2024")),
+              QStringLiteral("0,-2,0"));
+}
+
+TEST_F(ViewsTest, storeFunctions_readTheStoreThroughTheDboSpelling) {
+    auto* db = dynamic_cast<SqliteDatabase*>(session().gDb.get());
+    ASSERT_NE(db, nullptr);
+    registerStoreFunctions(db->handle());
+    EXPECT_EQ(scalar(QStringLiteral("SELECT DBO.FN_STOREFULLNAME('01', '01')")),
+              QStringLiteral("청운교복 강남점"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT dbo.FN_STOREADDRES('01', '01')")),
+              QStringLiteral("서울특별시 강남구 학교로 12"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT DBO.FN_STORETEL('01', '01')")),
+              QStringLiteral("02-555-1234"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT IFNULL(DBO.FN_STORETEL('01', '99'), 'none')")),
+              QStringLiteral("none"));
+    // As a transfer writes them: copies of the receiver's data at the time.
+    exec(QStringLiteral("INSERT INTO T_OUTBOUND (COMPANY, STORECD, OUTBOUNDDT, OUTBOUNDSEQ, "
+                        "INBOUNDSTORE, OUTBOUNDGB, "
+                        "INSTOREFULLNAME, INSTORETEL) SELECT '01', '02', '20240301', 1, '01', 'M', "
+                        "DBO.FN_STOREFULLNAME('01', '01'), DBO.FN_STORETEL('01', '01')"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT INSTOREFULLNAME FROM T_OUTBOUND")),
+              QStringLiteral("청운교복 강남점"));
+}
+
+} // namespace
