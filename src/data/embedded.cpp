@@ -2,6 +2,7 @@
 
 #include "data/connectionconfig.h"
 #include "data/connections.h"
+#include "data/demo/demochain.h"
 #include "data/schema/schema.h"
 
 #include <QDir>
@@ -11,7 +12,8 @@
 
 namespace {
 
-QString prepare(const QString& target, const ConnectionConfig& config, const QString& database) {
+QString prepare(const QString& target, const ConnectionConfig& config, const QString& database,
+                DemoData demo = DemoData::Leave) {
     if (ConnectionConfig::isOdbc(target)) {
         return QString(); // the server's schema is the DBA's
     }
@@ -19,6 +21,9 @@ QString prepare(const QString& target, const ConnectionConfig& config, const QSt
     try {
         auto db = openDatabase(target, config, SqliteDatabase::OpenMode::CreateIfMissing);
         createSchema(*db, database);
+        if (demo == DemoData::Fill && demoChainMissing(*db)) {
+            generateDemoChain(*db, 1, 1);
+        }
         return QString();
     } catch (const DbError& error) {
         return QStringLiteral("데이터베이스 파일을 사용할 수 없습니다.\r\n") +
@@ -42,7 +47,8 @@ void writeDefaultIni(const QString& path) {
 
 } // namespace
 
-QString prepareEmbeddedDatabases(const ConnectionConfig& config, const QString& dataFolder) {
+QString prepareEmbeddedDatabases(const ConnectionConfig& config, const QString& dataFolder,
+                                 DemoData demo) {
     QDir folder(dataFolder);
     QTemporaryFile probe(folder.filePath(QStringLiteral(".write-test-XXXXXX")));
     if (!folder.mkpath(QStringLiteral(".")) || !probe.open()) {
@@ -53,7 +59,7 @@ QString prepareEmbeddedDatabases(const ConnectionConfig& config, const QString& 
     writeDefaultIni(folder.filePath(QStringLiteral("Torvix.ini")));
     folder.mkpath(QStringLiteral("Report"));
     folder.mkpath(QStringLiteral("Report Form"));
-    QString error = prepare(config.torvix, config, QStringLiteral("TORVIX"));
+    QString error = prepare(config.torvix, config, QStringLiteral("TORVIX"), demo);
     if (error.isEmpty()) {
         error = prepare(config.update, config, QStringLiteral("UPDATE"));
     }

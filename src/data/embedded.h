@@ -8,4 +8,6 @@ struct ConnectionConfig;
 // start with the schema (and the demo chain when the main database is new), and adds any table
 // a newer program knows. Returns "" or a message that names the file at fault; a file that is
 // no database is left as it is.
-QString prepareEmbeddedDatabases(const ConnectionConfig& config, const QString& dataFolder);
+enum class DemoData { Fill, Leave };
+QString prepareEmbeddedDatabases(const ConnectionConfig& config, const QString& dataFolder,
+                                 DemoData demo = DemoData::Leave);

@@ -222,7 +222,7 @@ void MAINMDI::buildToolBars() {
 void MAINMDI::buildMenuPanel() {
     m_picMenu = new QWidget(this);
     m_picMenu->setObjectName(QStringLiteral("picMenu"));
-    m_picMenu->setFixedWidth(240);
+    m_picMenu->setFixedWidth(270);
     auto* column = new QVBoxLayout(m_picMenu);
     column->setContentsMargins(4, 4, 4, 4);
     auto* row = new QHBoxLayout;

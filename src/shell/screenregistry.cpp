@@ -68,7 +68,7 @@ void registerScreenFactory(const QString& name, ScreenFactory factory) {
 
 Screen* createScreen(const ScreenInfo& info) {
     const auto found = factories().constFind(info.name);
-    if (found != factories().constEnd()) {
+    if (found != factories().constEnd() && found.value()) {
         return found.value()();
     }
     return new PlaceholderScreen(info);

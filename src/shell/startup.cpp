@@ -83,7 +83,7 @@ int torvixMain(int argc, char** argv) {
     instance.listen();
 
     s.config = ConnectionConfig::load(dataFolder());
-    const QString problem = prepareEmbeddedDatabases(s.config, dataFolder());
+    const QString problem = prepareEmbeddedDatabases(s.config, dataFolder(), DemoData::Fill);
     if (!problem.isEmpty()) {
         gfsMsgBox(problem);
         return 1;
