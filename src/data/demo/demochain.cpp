@@ -1018,8 +1018,8 @@ private:
             weights.push_back(w);
             weightSum += w;
         }
-        // About 1,500 slips of 3.5 lines each per scale step.
-        const long long slipsWanted = 1500LL * m_scale;
+        // About 1,600 slips of 3.5 lines each per scale step.
+        const long long slipsWanted = 1600LL * m_scale;
         const double perStoreWeight =
             double(slipsWanted) / double(m_stores.size()) / double(weightSum);
         for (Store& store : m_stores) {
@@ -1121,7 +1121,6 @@ private:
             lines = std::max(lines, 3);
         }
         bool delivered = false;
-        bool anyRepair = false;
         struct SoldLine {
             int item;
             string year, size, pkey;
@@ -1204,7 +1203,6 @@ private:
                 }
             }
             if (aftercare || (item.unitype == "02" && m_rng.percent(6))) {
-                anyRepair = true;
                 const int charge = aftercare ? 5000 : m_rng.percent(50) ? 0 : 3000;
                 repairs += charge;
                 const char* what = m_rng.pick(kRepairs);
@@ -1248,7 +1246,6 @@ private:
         if (sold.empty()) {
             return;
         }
-        (void)anyRepair;
         const long long deliveryAmt = delivered ? 4000 : 0;
         if (delivered) {
             r.t(kCompany)
