@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     if (demoChainMissing(gDb())) {
         generateDemoChain(gDb(), 1, 1);
     }
-    session().gsUserClass = QStringLiteral(kDemoUserClass);
+    session().gsUserClass = QString::fromUtf8(kDemoUserClass);
     registerScreens();
     double best = 1e9;
     for (int run = 0; run < 5; ++run) {

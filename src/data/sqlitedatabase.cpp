@@ -1,5 +1,6 @@
 #include "data/sqlitedatabase.h"
 
+#include "data/schema/storefunctions.h"
 #include "data/sqlitefunctions.h"
 
 #include <QFileInfo>
@@ -46,6 +47,7 @@ SqliteDatabase::SqliteDatabase(const QString& path, OpenMode mode, int statement
     sqlite3_busy_timeout(m_db, int(qMin<qint64>(m_timeoutMs, 90000)));
     sqlite3_progress_handler(m_db, 4000, &SqliteDatabase::progress, this);
     registerTsqlFunctions(m_db);
+    registerStoreFunctions(m_db);
     try {
         // Reading the journal mode touches the file header: a file that is no database fails here.
         execute(QStringLiteral("PRAGMA journal_mode=WAL; PRAGMA foreign_keys=OFF; "
