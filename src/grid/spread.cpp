@@ -135,10 +135,10 @@ Spread::Spread(QWidget* parent) : QWidget(parent), m_model(new SpreadModel(this)
     m_top = new SpreadView(this, SpreadView::Top, m_main);
     m_left = new SpreadView(this, SpreadView::Left, m_main);
     m_corner = new SpreadView(this, SpreadView::Corner, m_main);
-    auto* delegate = new SpreadDelegate(m_model, this);
     for (SpreadView* v : {m_main, m_top, m_left, m_corner}) {
         v->setModel(m_model);
-        v->setItemDelegate(delegate);
+        // One delegate per view: a delegate talks to every view it serves about its editors.
+        v->setItemDelegate(new SpreadDelegate(m_model, v));
         connect(v, &QTableView::clicked, this,
                 [this](const QModelIndex& i) { onClicked(i, false); });
         connect(v, &QTableView::doubleClicked, this,

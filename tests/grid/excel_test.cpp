@@ -1,0 +1,123 @@
+#include "testdb.h"
+
+#include "grid/excelexport.h"
+#include "grid/spreadroutines.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+TEST(ExcelColNameTest, keepsTheShiftFromColumn26On) {
+    EXPECT_EQ(gsExcelColName(1), QStringLiteral("A"));
+    EXPECT_EQ(gsExcelColName(25), QStringLiteral("Y"));
+    EXPECT_EQ(gsExcelColName(26), QStringLiteral("AA"));
+    EXPECT_EQ(gsExcelColName(27), QStringLiteral("AB"));
+    EXPECT_EQ(gsExcelColName(51), QStringLiteral("AZ"));
+    EXPECT_EQ(gsExcelColName(52), QStringLiteral("BA"));
+    EXPECT_EQ(excelColumnIndex(QStringLiteral("AA")), 26);
+}
+
+namespace {
+
+QString sheetXml(const QString& path) {
+    QProcess unzip;
+    unzip.start(QStringLiteral("unzip"),
+                {QStringLiteral("-p"), path, QStringLiteral("xl/worksheets/sheet1.xml")});
+    unzip.waitForFinished();
+    return QString::fromUtf8(unzip.readAllStandardOutput());
+}
+
+void fillGrid(Spread* sp) {
+    gsSpreadInit(sp, QStringLiteral("굴림체"), 10, 18, 18, 0, 0xC0C0C0, 3, false, false, 2);
+    gsSpreadColumn(sp, 1, QStringLiteral("학교"), SpreadEdit, 12);
+    gsSpreadColumn(sp, 1, QStringLiteral("이름"), SpreadEdit, 12, 0, QStringLiteral("L"), 1);
+    gsSpreadColumn(sp, 2, QStringLiteral("코드"), SpreadEdit, 0); // hidden
+    gsSpreadColumn(sp, 3, QStringLiteral("금액\r\n(원)"), SpreadFloat, 10);
+    gsSpreadColumn(sp, 4, QStringLiteral("일자"), SpreadDate, 10);
+    gsSpreadColumn(sp, 5, QStringLiteral("잔액"), SpreadFloat, 10);
+    gsSpreadColumn(sp, 26, QStringLiteral("끝"), SpreadEdit, 5);
+    sp->setMaxRows(2);
+    gsSpreadSetText(sp, 1, 1, QStringLiteral("한국고"));
+    gsSpreadSetText(sp, 1, 2, QStringLiteral("S001"));
+    gsSpreadSetValue(sp, 1, 3, QStringLiteral("15000"));
+    gsSpreadSetText(sp, 1, 4, QStringLiteral("20240315"));
+    gsSpreadSetValue(sp, 1, 5, QStringLiteral("0"));
+    gsSpreadSetValue(sp, 2, 5, QStringLiteral("5000"));
+    gsSpreadSetText(sp, 2, 1, QStringLiteral("001"));
+    gsSpreadSetText(sp, 2, 26, QStringLiteral("z"));
+}
+
+} // namespace
+
+TEST(ExcelExportTest, writesTheSheetLayoutColumnFormatsAndHiddenColumns) {
+    QTemporaryDir dir;
+    Spread grid;
+    fillGrid(&grid);
+    const QString path = dir.filePath(QStringLiteral("out.xlsx"));
+    ASSERT_TRUE(writeGridWorkbook(path, QStringLiteral("매장 현황"), 26, &grid,
+                                  QStringLiteral("부제"), QStringLiteral("20240315")));
+    const QString xml = sheetXml(path);
+    ASSERT_FALSE(xml.isEmpty());
+    // Title and date rows merged over A to the letter of column 26, which is AA.
+    EXPECT_TRUE(xml.contains(QStringLiteral("<mergeCell ref=\"A1:AA1\"/>"))) << xml.toStdString();
+    EXPECT_TRUE(xml.contains(QStringLiteral("<mergeCell ref=\"A2:AA2\"/>")));
+    EXPECT_TRUE(xml.contains(QStringLiteral("매장 현황")));
+    EXPECT_TRUE(xml.contains(QStringLiteral("2024-03-15") + QString(19, QLatin1Char(' ')) +
+                             QStringLiteral("부제")));
+    // Headings in rows 3 and 4, the line break kept; data from row 5.
+    EXPECT_TRUE(xml.contains(QStringLiteral("금액\n(원)")));
+    EXPECT_TRUE(xml.contains(QStringLiteral("<c r=\"A4\"")));
+    EXPECT_TRUE(xml.contains(QStringLiteral("<c r=\"C5\"")));
+    EXPECT_TRUE(xml.contains(QStringLiteral("<c r=\"AA6\"")));
+    // The hidden column B holds nothing and has width 0; the code 001 stays text.
+    EXPECT_FALSE(xml.contains(QRegularExpression(QStringLiteral("<c r=\"B([3-9]|1[0-9])"))));
+    EXPECT_FALSE(xml.contains(QStringLiteral("S001")));
+    EXPECT_TRUE(xml.contains(QStringLiteral("<col min=\"2\" max=\"2\" width=\"0\"")));
+    EXPECT_TRUE(xml.contains(QStringLiteral(">001<")));
+    EXPECT_FALSE(xml.contains(QRegularExpression(QStringLiteral("<c r=\"Z([3-9]|1[0-9])"))));
+
+    QProcess unzip;
+    unzip.start(QStringLiteral("unzip"),
+                {QStringLiteral("-p"), path, QStringLiteral("xl/styles.xml")});
+    unzip.waitForFinished();
+    const QString styles = QString::fromUtf8(unzip.readAllStandardOutput());
+    EXPECT_TRUE(styles.contains(QStringLiteral("#,##0_ ")));
+    EXPECT_TRUE(
+        styles.contains(QStringLiteral("yyyy&quot;-&quot;mm&quot;-&quot;dd&quot;&quot;;@")));
+    EXPECT_TRUE(styles.contains(QStringLiteral("돋움")));
+}
+
+class ExcelExportDbTest : public TestDb {};
+
+TEST_F(ExcelExportDbTest, exportsIntoTheReportFolderAndNothingForAnEmptyGrid) {
+    qputenv("TORVIX_NO_OPEN", "1");
+    Spread grid;
+    fillGrid(&grid);
+    const QString path = gsExcelExport(QStringLiteral("매장/현황"), grid.maxCols(), &grid);
+    ASSERT_FALSE(path.isEmpty());
+    EXPECT_TRUE(path.startsWith(dir.path() + QStringLiteral("/Report/매장_현황_")));
+    EXPECT_TRUE(QFile::exists(path));
+    EXPECT_TRUE(presenter->boxes.isEmpty());
+
+    grid.setMaxRows(0);
+    EXPECT_TRUE(gsExcelExport(QStringLiteral("빈"), grid.maxCols(), &grid).isEmpty());
+    EXPECT_TRUE(presenter->boxes.isEmpty());
+}
+
+TEST_F(ExcelExportDbTest, aFailureShowsThePlainBoxAndLogsNothing) {
+    Spread grid;
+    fillGrid(&grid);
+    // A file where the folder should be.
+    QDir(dir.filePath(QStringLiteral("Report"))).removeRecursively();
+    QFile blocker(dir.filePath(QStringLiteral("Report")));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+    EXPECT_TRUE(gsExcelExport(QStringLiteral("x"), grid.maxCols(), &grid).isEmpty());
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(presenter->boxes[0].title, QStringLiteral("엑셀생성에러"));
+    EXPECT_EQ(presenter->boxes[0].text, QStringLiteral("엑셀화일 생성시 오류"));
+    EXPECT_EQ(count(QStringLiteral("C_ERROR")), 0);
+}
