@@ -5,6 +5,7 @@
 #include "data/dialect.h"
 #include "data/messages.h"
 #include "data/session.h"
+#include "data/waitcursor.h"
 
 namespace {
 
@@ -45,6 +46,7 @@ bool gfbSqlSelectDB(const QString& sql, RecordSet& rs, qint64& count) {
     if (!gfbConnectDB()) {
         return false;
     }
+    StatementWait wait;
     try {
         rs = session().gDb->select(sql);
         count = rs.recordCount();
@@ -81,6 +83,7 @@ bool gfbSqlExecuteDB(const QString& sql, qint64& affected) {
                                    : QStringLiteral("SUBSTR(GETDATE(), 1, 19)")) +
                               QStringLiteral(" )"),
                           traceRows);
+    StatementWait wait;
     try {
         affected = session().gDb->execute(sql);
         return true;

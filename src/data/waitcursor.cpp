@@ -15,3 +15,18 @@ void gsWaitCursor(bool on) {
         QGuiApplication::restoreOverrideCursor();
     }
 }
+
+StatementWait::StatementWait() {
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) &&
+        !QGuiApplication::overrideCursor()) {
+        QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+        m_mine = true;
+    }
+}
+
+StatementWait::~StatementWait() {
+    // A box in between (gsErrorLog) may have cleared it already.
+    if (m_mine && QGuiApplication::overrideCursor()) {
+        QGuiApplication::restoreOverrideCursor();
+    }
+}

@@ -12,3 +12,15 @@ public:
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
+
+// The hourglass for one statement, unless a caller already shows it; leaves an outer one alone.
+class StatementWait {
+public:
+    StatementWait();
+    ~StatementWait();
+    StatementWait(const StatementWait&) = delete;
+    StatementWait& operator=(const StatementWait&) = delete;
+
+private:
+    bool m_mine = false;
+};
