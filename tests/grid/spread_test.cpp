@@ -3,7 +3,9 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -297,4 +299,53 @@ TEST(SpreadTest, modelPassesTheItemModelTester) {
     g.sp->setMaxCols(3);
     g.sp->setMaxRows(0);
     EXPECT_EQ(g.sp->model()->rowCount(), 2);
+}
+
+// A demo grid as the stock screens build it, painted offscreen: two merged heading rows, three
+// frozen columns, a red negative, a combo and a check cell. The picture goes to the temp folder.
+TEST(SpreadTest, paintsADemoGrid) {
+    Spread grid;
+    Spread* sp = &grid;
+    gsSpreadInit(sp, QStringLiteral("굴림체"), 10, 18, 18, 0, 0xC0C0C0, 3, true, false, 2);
+    const char* top[] = {"학교", "성별", "복종", "수량", "수량", "수량", "구분", "선택", "비고"};
+    const char* second[] = {"학교", "성별", "복종", "90", "95", "100", "구분", "선택", "비고"};
+    const int types[] = {SpreadEdit,  SpreadEdit,  SpreadEdit,  SpreadFloat, SpreadFloat,
+                         SpreadFloat, SpreadCombo, SpreadCheck, SpreadEdit};
+    for (int c = 1; c <= 9; ++c) {
+        for (int h = 0; h < 2; ++h) {
+            gsSpreadColumn(sp, c, QString::fromUtf8(h == 0 ? top[c - 1] : second[c - 1]),
+                           types[c - 1], c == 1 ? 12 : 7, 0, QStringLiteral("M"), h, 0, false,
+                           99999999, -99999999, 0, {}, {}, {}, QStringLiteral("동복\t하복"));
+        }
+    }
+    gsSpreadRowMerge(sp, 2);
+    gsSpreadHeaderColMerge(sp, 1, 3);
+    gsSpreadHeaderColMerge(sp, 7, 9);
+    sp->setRedraw(false);
+    const char* schools[] = {"한국중학교", "한국중학교", "서울고등학교", "서울고등학교"};
+    for (int r = 1; r <= 12; ++r) {
+        sp->setMaxRows(r);
+        gsSpreadSetText(sp, r, 1, QString::fromUtf8(schools[qMin(r - 1, 3)]));
+        gsSpreadSetText(sp, r, 2, r % 2 ? QStringLiteral("남") : QStringLiteral("여"));
+        gsSpreadSetText(sp, r, 3, QStringLiteral("자켓"));
+        gsSpreadSetText(sp, r, 4, QString::number(r * 3 - 8), kSpreadRed, {}, QStringLiteral("N"));
+        gsSpreadSetText(sp, r, 5, QString::number(r * 1250 - 3000), kSpreadRed, {},
+                        QStringLiteral("N"));
+        gsSpreadSetValue(sp, r, 7, QString::number(r % 2));
+        gsSpreadSetText(sp, r, 8, r % 3 ? QStringLiteral("0") : QStringLiteral("1"));
+        gsSpreadSetText(sp, r, 9, QStringLiteral("비고 %1").arg(r));
+    }
+    sp->setRedraw(true);
+    gsSpreadColMerge(sp, 1, 1);
+    gsSpreadFreezeCols(sp, 3);
+    sp->resize(520, 300);
+    sp->show();
+    sp->view()->horizontalScrollBar()->setValue(30);
+    QApplication::processEvents();
+    const QImage image = sp->grab().toImage();
+    ASSERT_FALSE(image.isNull());
+    image.save(QDir::temp().filePath(QStringLiteral("spread_demo.png")));
+    // The frozen band stays put while the rest scrolls: column 1's grey is still at the left.
+    const QColor left = image.pixelColor(60, 140);
+    EXPECT_EQ(left, spreadColor(kSpreadFrozenBack)) << left.name().toStdString();
 }
