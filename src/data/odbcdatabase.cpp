@@ -55,15 +55,6 @@ void check(SQLRETURN rc, SQLSMALLINT type, SQLHANDLE handle) {
     }
 }
 
-// Frees a statement handle on every path out of a scope.
-struct StatementHandle {
-    SQLHSTMT stmt = SQL_NULL_HSTMT;
-    ~StatementHandle() {
-        if (stmt) {
-            SQLFreeHandle(SQL_HANDLE_STMT, stmt);
-        }
-    }
-};
 
 QString readColumn(SQLHSTMT stmt, SQLUSMALLINT column) {
     QByteArray data;
@@ -90,6 +81,16 @@ QString readColumn(SQLHSTMT stmt, SQLUSMALLINT column) {
 }
 
 } // namespace
+
+// Frees a statement handle on every path out of a scope.
+struct OdbcDatabase::StatementHandle {
+    SQLHSTMT stmt = SQL_NULL_HSTMT;
+    ~StatementHandle() {
+        if (stmt) {
+            SQLFreeHandle(SQL_HANDLE_STMT, stmt);
+        }
+    }
+};
 
 OdbcDatabase::OdbcDatabase(const QString& connectionString, int connectTimeoutSeconds,
                            int statementTimeoutSeconds)
@@ -137,14 +138,19 @@ OdbcDatabase::~OdbcDatabase() {
     }
 }
 
-RecordSet OdbcDatabase::select(const QString& sql) {
-    StatementHandle h;
+// Allocates the statement with the query time-out and sends the text.
+void OdbcDatabase::run(StatementHandle& h, const QString& sql) {
     check(SQLAllocHandle(SQL_HANDLE_STMT, m_dbc, &h.stmt), SQL_HANDLE_DBC, m_dbc);
     SQLSetStmtAttr(h.stmt, SQL_ATTR_QUERY_TIMEOUT,
                    reinterpret_cast<SQLPOINTER>(SQLULEN(m_statementTimeout)), 0);
     QByteArray text = sql.toUtf8();
     check(SQLExecDirect(h.stmt, reinterpret_cast<SQLCHAR*>(text.data()), SQLINTEGER(text.size())),
           SQL_HANDLE_STMT, h.stmt);
+}
+
+RecordSet OdbcDatabase::select(const QString& sql) {
+    StatementHandle h;
+    run(h, sql);
     SQLSMALLINT columns = 0;
     // Skip leading results without columns (SET NOCOUNT, inserts before the select).
     for (;;) {
@@ -183,13 +189,8 @@ RecordSet OdbcDatabase::select(const QString& sql) {
 
 qint64 OdbcDatabase::execute(const QString& sql) {
     StatementHandle h;
-    check(SQLAllocHandle(SQL_HANDLE_STMT, m_dbc, &h.stmt), SQL_HANDLE_DBC, m_dbc);
-    SQLSetStmtAttr(h.stmt, SQL_ATTR_QUERY_TIMEOUT,
-                   reinterpret_cast<SQLPOINTER>(SQLULEN(m_statementTimeout)), 0);
-    QByteArray text = sql.toUtf8();
-    SQLRETURN rc =
-        SQLExecDirect(h.stmt, reinterpret_cast<SQLCHAR*>(text.data()), SQLINTEGER(text.size()));
-    check(rc, SQL_HANDLE_STMT, h.stmt);
+    run(h, sql);
+    SQLRETURN rc = SQL_SUCCESS;
     qint64 affected = 0;
     do {
         SQLLEN rows = 0;

@@ -25,6 +25,8 @@ public:
     void setStatementTimeout(int seconds) override { m_statementTimeout = seconds; }
 
 private:
+    struct StatementHandle;
+    void run(StatementHandle& h, const QString& sql);
     void endTransaction(bool commit);
     void* m_env = nullptr;
     void* m_dbc = nullptr;
