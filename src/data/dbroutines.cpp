@@ -159,10 +159,12 @@ bool Transaction::commit() {
     m_open = false;
     try {
         session().gDb->commit();
+        gsFlushErrorLog();
         return true;
     } catch (const DbError& error) {
         session().gDb->rollback();
         gsErrorLog(error, QStringLiteral("basDatabase : CommitTrans"), QString());
+        gsFlushErrorLog();
         return false;
     }
 }
@@ -178,4 +180,5 @@ void Transaction::rollback() {
     } catch (const DbError&) {
         // A rollback that cannot run leaves nothing to undo.
     }
+    gsFlushErrorLog();
 }

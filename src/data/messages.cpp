@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -123,6 +124,7 @@ QString answer(int button) {
 }
 
 int errorLogDepth = 0;
+QStringList heldErrorRows;
 
 } // namespace
 
@@ -227,11 +229,31 @@ void gsErrorLog(qint64 number, const QString& description, const QString& place,
                         QStringLiteral(" VALUES ( GETDATE(),") + QString::number(number) +
                         QStringLiteral(",'") + place + QStringLiteral("','") + message +
                         QStringLiteral(" ', '") + other + QStringLiteral(" ' )");
+    if (session().gDb && session().gDb->inTransaction()) {
+        heldErrorRows << sql;
+        return;
+    }
     ++errorLogDepth;
     qint64 affected = 0;
     const bool logged = gfbSqlExecuteDB(sql, affected);
     --errorLogDepth;
     if (!logged) {
         session().endProcess(1);
+    }
+}
+
+void gsFlushErrorLog() {
+    if (heldErrorRows.isEmpty() || (session().gDb && session().gDb->inTransaction())) {
+        return;
+    }
+    const QStringList rows = std::exchange(heldErrorRows, {});
+    for (const QString& sql : rows) {
+        ++errorLogDepth;
+        const bool logged = gfbSqlExecuteDB(sql);
+        --errorLogDepth;
+        if (!logged) {
+            session().endProcess(1);
+            return;
+        }
     }
 }

@@ -91,9 +91,11 @@ bool Screen::guarded(const QString& routine, const std::function<void()>& body, 
     } catch (const DbError& error) {
         rollbackIfAsked();
         gsErrorLog(error, placeText(routine), QString());
+        gsFlushErrorLog(); // the log row held back while a transaction was open
     } catch (const std::exception& error) {
         rollbackIfAsked();
         gsErrorLog(-1, QString::fromLocal8Bit(error.what()), placeText(routine), QString());
+        gsFlushErrorLog(); // the log row held back while a transaction was open
     }
     return false;
 }

@@ -88,6 +88,16 @@ TEST_F(Statements, rolledBackSaveLeavesTraceAndNoData) {
     EXPECT_EQ(count(QStringLiteral("ITEMS")), 1);
 }
 
+TEST_F(Statements, failureInsideATransactionKeepsItsLogRowAfterTheRollback) {
+    {
+        Transaction tx;
+        ASSERT_TRUE(gfbSqlExecuteDB(QStringLiteral("INSERT INTO ITEMS VALUES ('T', '하복', 1)")));
+        EXPECT_FALSE(gfbSqlExecuteDB(QStringLiteral("INSERT INTO NO_SUCH_TABLE VALUES (1)")));
+    }
+    EXPECT_EQ(count(QStringLiteral("ITEMS")), 0);
+    EXPECT_EQ(count(QStringLiteral("C_ERROR"), QStringLiteral("ERROTHER LIKE '%NO_SUCH_TABLE%'")), 1);
+}
+
 TEST_F(Statements, saveWorksWithoutTraceWhenUpdateDatabaseIsGone) {
     session().gDbUpdate.reset();
     session().config.update = dir.filePath(QStringLiteral("missing/update.db"));
