@@ -1,4 +1,8 @@
+#include "screens/organisation/BAMAS170.h"
 #include "screens/screens.h"
+#include "shell/screenregistry.h"
 
 // The screens of this folder make themselves known to the main window's number table here.
-void registerOrganisationScreens() {}
+void registerOrganisationScreens() {
+    registerScreenFactory(QStringLiteral("BAMAS170"), [] { return new BAMAS170; });
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "shell/screen.h"
+
+class QLabel;
+class QLineEdit;
+class QRadioButton;
+class Spread;
+
+// Brands of the company and, per brand and year, the size labels of every pair of size table and
+// teen range.
+class BAMAS170 : public Screen {
+    Q_OBJECT
+public:
+    BAMAS170();
+
+    void m_Search() override { sSelectQuery(); }
+    void m_Save() override { sSaveQuery(); }
+    void m_Delete() override { cmdDelete_Click(); }
+    void m_clear() override { clearFields(); }
+    void m_Excel() override;
+
+    void sSelectQuery();
+    void sSaveQuery();
+    void cmdDelete_Click();
+    void fSizeTab_View();
+    void SP1_Click(int row);
+    void stepYear(int delta);
+
+protected:
+    void setupScreen() override;
+    bool searchesAtLoad() const override { return true; }
+
+private:
+    void clearFields();
+    QString brandKeyExpression() const;
+
+    QLabel* lblCode = nullptr;
+    QLineEdit* txtName = nullptr;
+    QLineEdit* txtFullName = nullptr;
+    QLineEdit* txtManager = nullptr;
+    QLineEdit* txtTEL = nullptr;
+    QLineEdit* txtRemark = nullptr;
+    QLineEdit* txtYYYY = nullptr;
+    QRadioButton* optUSEYN[2] = {};
+    Spread* SP1 = nullptr;
+    Spread* SP2 = nullptr;
+};

@@ -1,0 +1,144 @@
+// The brand screen driven as a user does: list, pick, step the year, edit labels, save, delete.
+#include "screenfixture.h"
+
+#include "grid/spreadroutines.h"
+#include "screens/organisation/BAMAS170.h"
+
+#include <QClipboard>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+class Bamas170 : public ScreenTest {
+protected:
+    void SetUp() override {
+        ScreenTest::SetUp();
+        loadFixture(QStringLiteral("bamas170_sizes.sql"));
+        screen = openByNumber<BAMAS170>(170);
+        ASSERT_NE(screen, nullptr);
+        list = child<Spread>(screen, QStringLiteral("SP1"));
+        sizes = child<Spread>(screen, QStringLiteral("SP2"));
+        year = child<QLineEdit>(screen, QStringLiteral("txtYYYY"));
+        name = child<QLineEdit>(screen, QStringLiteral("txtName"));
+        presenter->boxes.clear(); // the empty program tree's message 15
+    }
+    // The labels of the row for a teen range and size table, "" joined by "|".
+    QString labels(const QString& range, const QString& table) {
+        for (int row = 1; row <= sizes->maxRows(); ++row) {
+            if (gfSpreadText(sizes, row, 2) == range && gfSpreadText(sizes, row, 3) == table) {
+                QStringList cells;
+                for (int col = 4; col <= 6; ++col) {
+                    cells << gfSpreadText(sizes, row, col);
+                }
+                return cells.join(QLatin1Char('|'));
+            }
+        }
+        return QStringLiteral("<no row>");
+    }
+    void pickBrand(int row, const QString& yyyy) {
+        screen->SP1_Click(row);
+        year->setText(yyyy);
+        screen->fSizeTab_View();
+    }
+    BAMAS170* screen = nullptr;
+    Spread* list = nullptr;
+    Spread* sizes = nullptr;
+    QLineEdit* year = nullptr;
+    QLineEdit* name = nullptr;
+};
+
+TEST_F(Bamas170, listsAtLoadInUseFirstAndCopiesARowBack) {
+    ASSERT_EQ(list->maxRows(), 2);
+    EXPECT_EQ(gfSpreadText(list, 1, 2), QStringLiteral("청운교복"));
+    EXPECT_EQ(gfSpreadText(list, 2, 3), QStringLiteral("보류"));
+    EXPECT_EQ(screen->statusPanel(1)->text(), QStringLiteral("2건의 데이터가 조회되었습니다."));
+    screen->SP1_Click(2);
+    EXPECT_EQ(child<QLabel>(screen, QStringLiteral("lblCode"))->text(), QStringLiteral("02"));
+    EXPECT_EQ(name->text(), QStringLiteral("다온스쿨"));
+    EXPECT_TRUE(child<QRadioButton>(screen, QStringLiteral("optUSEYN_1"))->isChecked());
+    EXPECT_EQ(year->text(), QDate::currentDate().toString(QStringLiteral("yyyy")));
+}
+
+TEST_F(Bamas170, laterYearShowsTheEarlierLabelsAndSavesThemAsItsOwn) {
+    pickBrand(1, QStringLiteral("2025"));
+    EXPECT_EQ(sizes->maxRows(), 4); // every pair of size table and teen range
+    EXPECT_EQ(labels(QStringLiteral("H"), QStringLiteral("X")), QStringLiteral("85|90|95"));
+    EXPECT_EQ(labels(QStringLiteral("H"), QStringLiteral("J")), QStringLiteral("||"));
+    gsSpreadSetText(sizes, 1, 6, QStringLiteral("1'00"));
+    screen->sSaveQuery();
+    EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("YYYY = '2025'")), 4);
+    EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("YYYY = '2023'")),
+              2); // untouched
+    EXPECT_EQ(scalar(QStringLiteral("SELECT C03 FROM C_BRANDSIZE WHERE YYYY = '2025' AND TEENSCOPE "
+                                    "= 'H' AND SIZETAB = 'J'")),
+              QString());
+    EXPECT_EQ(
+        count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("YYYY = '2025' AND C03 = '1''00'")), 1);
+
+    pickBrand(1, QStringLiteral("2022")); // before any labels: empty pairs
+    EXPECT_EQ(labels(QStringLiteral("H"), QStringLiteral("X")), QStringLiteral("||"));
+}
+
+TEST_F(Bamas170, yearArrowsStepAndTheYearBoxTakesDigitsOnly) {
+    pickBrand(1, QStringLiteral("2024"));
+    child<QPushButton>(screen, QStringLiteral("cmdLeft"))->click();
+    EXPECT_EQ(year->text(), QStringLiteral("2023"));
+    child<QPushButton>(screen, QStringLiteral("cmdRight"))->click();
+    child<QPushButton>(screen, QStringLiteral("cmdRight"))->click();
+    EXPECT_EQ(year->text(), QStringLiteral("2025"));
+    year->clear();
+    QTest::keyClicks(year, QStringLiteral("20x2'6"));
+    EXPECT_EQ(year->text(), QStringLiteral("2026"));
+}
+
+TEST_F(Bamas170, newBrandsAreNumberedByCountAndTheHundredthFails) {
+    screen->m_clear();
+    name->setText(QStringLiteral("O'N'); DROP--"));
+    QApplication::clipboard()->setText(QString(110, QChar(0xAC00))); // 220 bytes pasted
+    child<QLineEdit>(screen, QStringLiteral("txtRemark"))->paste();
+    screen->sSaveQuery();
+    EXPECT_EQ(scalar(QStringLiteral("SELECT BRANDNAME FROM C_BRAND WHERE BRANDCD = '03'")),
+              QStringLiteral("O'N'); DROP--"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT LENGTH(REMARK) FROM C_BRAND WHERE BRANDCD = '03'")),
+              QStringLiteral("100"));
+    for (int i = 4; i <= 9; ++i) {
+        exec(QStringLiteral("INSERT INTO C_BRAND (COMPANY, BRANDCD, BRANDNAME, USEYN) VALUES "
+                            "('01', '0%1', 'b', 'Y')")
+                 .arg(i));
+    }
+    screen->m_clear();
+    name->setText(QStringLiteral("열번째"));
+    screen->sSaveQuery();
+    EXPECT_EQ(scalar(QStringLiteral("SELECT BRANDNAME FROM C_BRAND WHERE BRANDCD = '10'")),
+              QStringLiteral("열번째"));
+
+    for (int i = 11; i <= 99; ++i) {
+        exec(QStringLiteral("INSERT INTO C_BRAND (COMPANY, BRANDCD, BRANDNAME, USEYN) VALUES "
+                            "('01', '%1', 'b', 'Y')")
+                 .arg(i));
+    }
+    screen->m_clear();
+    name->setText(QStringLiteral("백번째"));
+    screen->sSaveQuery();
+    EXPECT_EQ(count(QStringLiteral("C_BRAND"), QStringLiteral("BRANDNAME = '백번째'")), 0);
+    ASSERT_FALSE(presenter->boxes.isEmpty()); // the null key ends in the trap
+    EXPECT_EQ(count(QStringLiteral("C_ERROR")), 1);
+}
+
+TEST_F(Bamas170, nameIsRequiredAndDeleteLeavesTheSizeRows) {
+    screen->m_clear();
+    screen->sSaveQuery();
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(presenter->boxes[0].text,
+              QStringLiteral("초록색깔은 필수입력입니다. 입력해 주십시오."));
+
+    screen->SP1_Click(1);
+    presenter->answerNo();
+    screen->cmdDelete_Click();
+    EXPECT_EQ(count(QStringLiteral("C_BRAND"), QStringLiteral("BRANDCD = '01'")), 1);
+    presenter->answerYes();
+    screen->cmdDelete_Click();
+    EXPECT_EQ(count(QStringLiteral("C_BRAND"), QStringLiteral("BRANDCD = '01'")), 0);
+    EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("BRANDCD = '01'")), 2);
+    EXPECT_EQ(list->maxRows(), 1);
+}
