@@ -3,6 +3,7 @@
 #include "data/database.h"
 #include "data/messages.h"
 #include "data/session.h"
+#include "grid/inputhelpers.h"
 #include "shell/mainmdi.h"
 #include "shell/proginit.h"
 
@@ -39,9 +40,28 @@ Screen::Screen(const QString& name, const QString& designCaption, QWidget* paren
     }
 }
 
-QLabel* Screen::statusPanel(int index) const { return m_panels[qBound(1, index, 3) - 1]; }
+QLabel* Screen::statusPanel(int index) const {
+    return m_panels[qBound(1, index, 3) - 1];
+}
 
-void Screen::setStatusNote(const QString& text) { m_panels[0]->setText(text); }
+void Screen::setStatusNote(const QString& text) {
+    m_panels[0]->setText(text);
+}
+
+QLineEdit* Screen::textBox(const QString& name, int bytes) {
+    auto* box = new QLineEdit(this);
+    box->setObjectName(name);
+    gsByteLimit(box, bytes);
+    return box;
+}
+
+void Screen::markRequired(QWidget* field) {
+    QPalette palette = field->palette();
+    for (auto role : {QPalette::Base, QPalette::Window, QPalette::Button}) {
+        palette.setColor(role, QColor(0xcc, 0xff, 0xcc));
+    }
+    field->setPalette(palette);
+}
 
 QString Screen::placeText(const QString& routine) const {
     return objectName() + QStringLiteral(" : ") + routine;

@@ -50,6 +50,10 @@ protected:
     bool guarded(const QString& routine, const std::function<void()>& body, bool rollback = false);
     // Panel 1: the screen's short notes.
     void setStatusNote(const QString& text);
+    // A text box of the edit band: its control name, and its column's limit in bytes.
+    class QLineEdit* textBox(const QString& name, int bytes);
+    // The green background that marks a field the save requires.
+    static void markRequired(QWidget* field);
 
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -56,19 +56,13 @@ void BAMAS170::setupScreen() {
 
     lblCode = new QLabel(this);
     lblCode->setObjectName(QStringLiteral("lblCode"));
-    const auto box = [this](const char* name, int bytes) {
-        auto* edit = new QLineEdit(this);
-        edit->setObjectName(QString::fromLatin1(name));
-        gsByteLimit(edit, bytes);
-        return edit;
-    };
-    txtName = box("txtName", 20);
-    txtName->setStyleSheet(QStringLiteral("QLineEdit { background: #ccffcc; }")); // required
-    txtFullName = box("txtFullName", 50);
-    txtManager = box("txtManager", 20);
-    txtTEL = box("txtTEL", 20);
+    txtName = textBox(QStringLiteral("txtName"), 20);
+    markRequired(txtName);
+    txtFullName = textBox(QStringLiteral("txtFullName"), 50);
+    txtManager = textBox(QStringLiteral("txtManager"), 20);
+    txtTEL = textBox(QStringLiteral("txtTEL"), 20);
     gsInputStyle(txtTEL, InputStyle::Phone);
-    txtRemark = box("txtRemark", 200);
+    txtRemark = textBox(QStringLiteral("txtRemark"), 200);
     for (int i = 0; i < 2; ++i) {
         optUSEYN[i] =
             new QRadioButton(i == 0 ? QStringLiteral("사용") : QStringLiteral("미사용"), this);
@@ -89,7 +83,7 @@ void BAMAS170::setupScreen() {
     form->addRow(QStringLiteral("비고"), txtRemark);
     form->addRow(QStringLiteral("사용여부"), useRow);
 
-    txtYYYY = box("txtYYYY", 4);
+    txtYYYY = textBox(QStringLiteral("txtYYYY"), 4);
     txtYYYY->setMaxLength(4);
     txtYYYY->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d{0,4}")), txtYYYY));

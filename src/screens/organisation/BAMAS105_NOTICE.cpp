@@ -1,0 +1,192 @@
+#include "screens/organisation/BAMAS105_NOTICE.h"
+
+#include "data/database.h"
+#include "data/dbroutines.h"
+#include "data/dialect.h"
+#include "data/messages.h"
+#include "data/session.h"
+#include "data/sqlvalue.h"
+#include "grid/inputhelpers.h"
+#include "shell/codecontrols.h"
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString kDateFormat = QStringLiteral("yyyy-MM-dd");
+
+QString company() {
+    return quoted(session().gsCompany);
+}
+
+QDateEdit* dateField(QWidget* parent, const QString& name) {
+    auto* field = new QDateEdit(QDate::currentDate(), parent);
+    field->setObjectName(name);
+    field->setDisplayFormat(kDateFormat);
+    field->setCalendarPopup(true);
+    return field;
+}
+
+} // namespace
+
+BAMAS105_NOTICE::BAMAS105_NOTICE(QWidget* parent)
+    : QDialog(parent), cboSchool(new QComboBox(this)),
+      dtpStart(dateField(this, QStringLiteral("dtpStart"))),
+      dtpEnd(dateField(this, QStringLiteral("dtpEnd"))), txtNotice(new QLineEdit(this)) {
+    setObjectName(QStringLiteral("BAMAS105_NOTICE"));
+    setWindowTitle(QStringLiteral("학교 임시 공지사항 등록"));
+    resize(560, 220);
+    cboSchool->setObjectName(QStringLiteral("cboSchool"));
+    txtNotice->setObjectName(QStringLiteral("txtNotice"));
+    gsByteLimit(txtNotice, 500);
+
+    auto* form = new QFormLayout;
+    form->addRow(QStringLiteral("학교"), cboSchool);
+    auto* dates = new QHBoxLayout;
+    dates->addWidget(dtpStart);
+    dates->addWidget(dtpEnd);
+    dates->addStretch(1);
+    form->addRow(QStringLiteral("공지개시 / 공지종료"), dates);
+    form->addRow(QStringLiteral("공지사항"), txtNotice);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    const auto button = [this, buttons](const QString& name, const QString& caption) {
+        auto* b = new QPushButton(caption, this);
+        b->setObjectName(name);
+        b->setAutoDefault(false);
+        buttons->addWidget(b);
+        return b;
+    };
+    connect(button(QStringLiteral("cmdSerch"), QStringLiteral("조회")), &QPushButton::clicked, this,
+            &BAMAS105_NOTICE::sSelectQuery);
+    connect(button(QStringLiteral("cmdNew"), QStringLiteral("신규")), &QPushButton::clicked, this,
+            &BAMAS105_NOTICE::cmdNew_Click);
+    connect(button(QStringLiteral("cmdSave"), QStringLiteral("저장")), &QPushButton::clicked, this,
+            &BAMAS105_NOTICE::cmdSave_Click);
+    connect(button(QStringLiteral("cmdExit"), QStringLiteral("닫기")), &QPushButton::clicked, this,
+            &QDialog::reject);
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(form);
+    column->addStretch(1);
+    column->addLayout(buttons);
+
+    gsReadCode(cboSchool, m_schools, QStringLiteral("SCHOOL"));
+    connect(cboSchool, &QComboBox::activated, this, [this] { cboSchool_Click(); });
+    sSelectQuery();
+}
+
+QString BAMAS105_NOTICE::schoolCode() const {
+    return gfComboCode(cboSchool, m_schools);
+}
+
+void BAMAS105_NOTICE::showNotice(const QString& sql, const QString& place) {
+    try {
+        RecordSet rs;
+        if (!gfbSqlSelectDB(sql, rs) || rs.eof()) {
+            return;
+        }
+        dtpStart->setDate(
+            QDate::fromString(rs.field(QStringLiteral("STARTDT")).trimmed(), kDateFormat));
+        dtpEnd->setDate(
+            QDate::fromString(rs.field(QStringLiteral("ENDDT")).trimmed(), kDateFormat));
+        txtNotice->setText(rs.field(QStringLiteral("NOTICE")));
+    } catch (const DbError& error) {
+        gsErrorLog(error, place, QString());
+    }
+}
+
+void BAMAS105_NOTICE::cboSchool_Click() {
+    // The school's latest notice, whatever its period.
+    const QString school = quoted(schoolCode());
+    showNotice(
+        QStringLiteral(" SELECT STARTDT, ENDDT, NOTICE ") +
+            QStringLiteral("   FROM C_SCHOOLNOTICE ") + QStringLiteral("  WHERE COMPANY = ") +
+            company() + QStringLiteral("    AND SCHOOLCD = ") + school +
+            QStringLiteral(
+                "    AND NOTICESEQ = (SELECT MAX(NOTICESEQ) FROM C_SCHOOLNOTICE WHERE COMPANY = ") +
+            company() + QStringLiteral(" AND SCHOOLCD = ") + school + QStringLiteral(")"),
+        QStringLiteral("BAMAS105_NOTICE : cboSchool_Click"));
+}
+
+void BAMAS105_NOTICE::sSelectQuery() {
+    // The notice in force over the dates in the fields.
+    const QString school = quoted(schoolCode());
+    const QString start = quoted(dtpStart->date().toString(kDateFormat));
+    const QString end = quoted(dtpEnd->date().toString(kDateFormat));
+    showNotice(
+        QStringLiteral(" SELECT STARTDT, ENDDT, NOTICE ") +
+            QStringLiteral("   FROM C_SCHOOLNOTICE ") + QStringLiteral("  WHERE COMPANY = ") +
+            company() + QStringLiteral("    AND SCHOOLCD = ") + school +
+            QStringLiteral(
+                "    AND NOTICESEQ = (SELECT MAX(NOTICESEQ) FROM C_SCHOOLNOTICE WHERE COMPANY = ") +
+            company() + QStringLiteral(" AND SCHOOLCD = ") + school +
+            QStringLiteral(" AND STARTDT <= ") + start + QStringLiteral(" AND ENDDT >= ") + end +
+            QStringLiteral(")"),
+        QStringLiteral("BAMAS105_NOTICE : sSelectQuery"));
+}
+
+void BAMAS105_NOTICE::cmdNew_Click() {
+    txtNotice->clear();
+    dtpStart->setDate(QDate::currentDate());
+    dtpEnd->setDate(QDate::currentDate());
+}
+
+void BAMAS105_NOTICE::cmdSave_Click() {
+    if (cboSchool->currentIndex() < 1) {
+        gfsMessage(22);
+        return;
+    }
+    gsTextCut(txtNotice);
+    const QString school = quoted(schoolCode());
+    const QString start = quoted(dtpStart->date().toString(kDateFormat));
+    const QString end = quoted(dtpEnd->date().toString(kDateFormat));
+    try {
+        Transaction tx;
+        RecordSet rs;
+        if (!gfbSqlSelectDB(QStringLiteral(" SELECT NOTICESEQ FROM C_SCHOOLNOTICE ") +
+                                QStringLiteral("  WHERE COMPANY = ") + company() +
+                                QStringLiteral("    AND SCHOOLCD = ") + school +
+                                QStringLiteral("    AND STARTDT <= ") + start +
+                                QStringLiteral("    AND ENDDT >= ") + end +
+                                QStringLiteral("  ORDER BY NOTICESEQ DESC"),
+                            rs)) {
+            return;
+        }
+        QString sql;
+        if (!rs.eof()) {
+            sql = QStringLiteral(" UPDATE C_SCHOOLNOTICE SET STARTDT = ") + start +
+                  QStringLiteral(", ENDDT = ") + end + QStringLiteral(", NOTICE = ") +
+                  quoted(txtNotice->text()) + QStringLiteral("  WHERE COMPANY = ") + company() +
+                  QStringLiteral("    AND SCHOOLCD = ") + school +
+                  QStringLiteral("    AND NOTICESEQ = ") +
+                  quoted(rs.field(QStringLiteral("NOTICESEQ")));
+        } else {
+            // The next number of the school, in three digits.
+            const QString next =
+                QStringLiteral("(SELECT RTRIM(") +
+                dialect().cat(
+                    {QStringLiteral("REPLICATE('0', 3 - LEN(ISNULL(MAX(NOTICESEQ),0)+1))"),
+                     QStringLiteral(" CAST(ISNULL(MAX(NOTICESEQ),0)+1 AS CHAR)")}) +
+                QStringLiteral(") FROM C_SCHOOLNOTICE WHERE COMPANY = ") + company() +
+                QStringLiteral(" AND SCHOOLCD = ") + school + QStringLiteral(")");
+            sql = QStringLiteral(" INSERT INTO C_SCHOOLNOTICE (COMPANY, SCHOOLCD, NOTICESEQ, "
+                                 "STARTDT, ENDDT, NOTICE) "
+                                 "VALUES (") +
+                  company() + QStringLiteral(", ") + school + QStringLiteral(", ") + next +
+                  QStringLiteral(", ") + start + QStringLiteral(", ") + end + QStringLiteral(", ") +
+                  quoted(txtNotice->text()) + QStringLiteral(")");
+        }
+        if (gfbSqlExecuteDB(sql)) {
+            tx.commit();
+        }
+    } catch (const DbError& error) {
+        gsErrorLog(error, objectName() + QStringLiteral(" : sSaveQuery"), QString());
+        gsFlushErrorLog();
+    }
+}
