@@ -1,0 +1,415 @@
+#include "screens/stock/BAMAS330.h"
+
+#include "data/dbroutines.h"
+#include "data/dialect.h"
+#include "data/session.h"
+#include "data/sqlvalue.h"
+#include "grid/excelexport.h"
+#include "grid/spreadroutines.h"
+#include "screens/stock/sizeheadings.h"
+#include "shell/codecontrols.h"
+
+#include <QComboBox>
+#include <QDate>
+#include <QDateEdit>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+// SP31: the merge key, names, year label, total, size table, 24 sizes, model year.
+enum Column {
+    ColKey = 1,
+    ColStore,
+    ColSchool,
+    ColSex,
+    ColUniform,
+    ColYear,
+    ColTotal,
+    ColSizeTab,
+    ColFirstSize,
+    ColLastSize = ColFirstSize + 23,
+    ColModelYear,
+    ColCount = ColModelYear
+};
+constexpr quint32 kRed = 255;
+constexpr quint32 kActiveButton = 0xC0FFC0;
+
+QString company() {
+    return quoted(session().gsCompany);
+}
+
+QString code(const QComboBox* combo, const CodeArray& arr) {
+    return combo->currentIndex() > 0 ? gfComboCode(combo, arr) : QString();
+}
+
+} // namespace
+
+BAMAS330::BAMAS330() : Screen(QStringLiteral("BAMAS330"), QStringLiteral("재고관리")) {}
+
+void BAMAS330::setupScreen() {
+    SSTab1 = new QTabWidget(this);
+    SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    auto* correction = new QWidget(this);
+    auto* placeholder = new QVBoxLayout(correction);
+    placeholder->addWidget(new QLabel(QStringLiteral("재고보정/등록은 준비 중입니다."), correction),
+                           0, Qt::AlignCenter);
+    SSTab1->addTab(correction, QStringLiteral("재고보정/등록"));
+    SSTab1->addTab(buildStockTab(), QStringLiteral("재고현황"));
+    SSTab1->setCurrentIndex(1);
+    contentLayout()->addWidget(SSTab1, 1);
+
+    RecordSet rs;
+    const QString thisYear = QString::number(QDate::currentDate().year());
+    m_currentYear = thisYear;
+    if (gfbSqlSelectDB(QStringLiteral("SELECT ISNULL(MAX(CURRYYYY), ") + quoted(thisYear) +
+                           QStringLiteral(") FROM C_STORE  WHERE COMPANY = ") + company(),
+                       rs) &&
+        !rs.eof() && !rs.value(0).trimmed().isEmpty()) {
+        m_currentYear = rs.value(0).trimmed();
+    }
+    const int year = m_currentYear.toInt();
+    for (QComboBox* yy : cboYY1) {
+        for (int y : {year + 1, year, year - 1, year - 2, year - 3}) {
+            yy->addItem(QString::number(y).right(2));
+        }
+        yy->setCurrentIndex(1);
+    }
+    gsReadCode(cboBrand, m_brand, QStringLiteral("BRD"));
+    gsReadCode(cboStore, m_store, QStringLiteral("BRDSTORE"), QString());
+    gsReadCode(cboGT23, m_gt23, QStringLiteral("GT23"));
+    gsReadCode(cboGT22, m_gt22, QStringLiteral("GT22"));
+    gsReadCode(cboGT28, m_gt28, QStringLiteral("GT28"));
+    cboGT28->setItemText(0, QStringLiteral("주부품목"));
+    gsReadCode(cboGT25, m_gt25, QStringLiteral("GT25"));
+    gsReadCode(cboGT29, m_gt29, QStringLiteral("GT29"));
+    refillUniforms();
+    refillSchools();
+}
+
+QWidget* BAMAS330::buildStockTab() {
+    auto* tab = new QWidget(this);
+    auto* column = new QVBoxLayout(tab);
+    auto* filters = new QGridLayout;
+    const auto combo = [tab](const QString& name) {
+        auto* box = new QComboBox(tab);
+        box->setObjectName(name);
+        box->setMinimumWidth(110);
+        return box;
+    };
+    cboBrand = combo(QStringLiteral("cboBrand"));
+    markRequired(cboBrand);
+    cboStore = combo(QStringLiteral("cboStore"));
+    cboYY1[0] = combo(QStringLiteral("cboYY1_0"));
+    cboYY1[1] = combo(QStringLiteral("cboYY1_1"));
+    cboYY1[0]->setMinimumWidth(55);
+    cboYY1[1]->setMinimumWidth(55);
+    cboGT23 = combo(QStringLiteral("cboGT23"));
+    cboGT22 = combo(QStringLiteral("cboGT22"));
+    cboGT28 = combo(QStringLiteral("cboGT28"));
+    cboUniform = combo(QStringLiteral("cboUniform"));
+    cboSchool = combo(QStringLiteral("cboSchool"));
+    cboGT25 = combo(QStringLiteral("cboGT25"));
+    cboGT29 = combo(QStringLiteral("cboGT29"));
+    dtpEnd = new QDateEdit(QDate::currentDate(), tab);
+    dtpEnd->setObjectName(QStringLiteral("dtpEnd"));
+    dtpEnd->setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
+    dtpEnd->setCalendarPopup(true);
+
+    auto* years = new QHBoxLayout;
+    years->addWidget(cboYY1[0]);
+    years->addWidget(new QLabel(QStringLiteral("~"), tab));
+    years->addWidget(cboYY1[1]);
+    const struct {
+        const char* label;
+        QWidget* field;
+        QLayout* layout;
+    } cells[] = {
+        {"브랜드", cboBrand, nullptr},  {"매장", cboStore, nullptr},
+        {"년식", nullptr, years},       {"조회일", dtpEnd, nullptr},
+        {"성별", cboGT23, nullptr},     {"시즌", cboGT22, nullptr},
+        {"품목구분", cboGT28, nullptr}, {"복종", cboUniform, nullptr},
+        {"학교", cboSchool, nullptr},   {"학교구분", cboGT25, nullptr},
+        {"구매구분", cboGT29, nullptr},
+    };
+    int i = 0;
+    for (const auto& cell : cells) {
+        filters->addWidget(new QLabel(QString::fromUtf8(cell.label), tab), i / 4, (i % 4) * 2);
+        if (cell.field) {
+            filters->addWidget(cell.field, i / 4, (i % 4) * 2 + 1);
+        } else {
+            filters->addLayout(cell.layout, i / 4, (i % 4) * 2 + 1);
+        }
+        ++i;
+    }
+    auto* buttons = new QHBoxLayout;
+    const char* captions[3] = {"년식분리", "년식통합", "이월통합"};
+    for (int b = 0; b < 3; ++b) {
+        cmdViewSale[b] = new QPushButton(QString::fromUtf8(captions[b]), tab);
+        cmdViewSale[b]->setObjectName(QStringLiteral("cmdViewSale%1").arg(b + 1));
+        const auto report = StockReport(b);
+        connect(cmdViewSale[b], &QPushButton::clicked, this,
+                [this, report] { cmdViewSale_Click(report); });
+        buttons->addWidget(cmdViewSale[b]);
+    }
+    cmdExcel = new QPushButton(QStringLiteral("Excel"), tab);
+    cmdExcel->setObjectName(QStringLiteral("cmdExcel"));
+    connect(cmdExcel, &QPushButton::clicked, this, &BAMAS330::cmdExcel_Click);
+    buttons->addWidget(cmdExcel);
+    buttons->addStretch(1);
+    filters->addLayout(buttons, 2, 6, 1, 2);
+    column->addLayout(filters);
+
+    SP31 = new Spread(tab);
+    SP31->setObjectName(QStringLiteral("SP31"));
+    gsSpreadInit(SP31, QStringLiteral("굴림체"), 9, 18, 18, 0, 0xC0C0C0, 3, false, true);
+    gsSpreadColumn(SP31, ColKey, QStringLiteral(" "), 5, 0);
+    const struct {
+        int col;
+        const char* heading;
+        double width;
+    } fixed[] = {{ColStore, "매장", 10},   {ColSchool, "학교", 10}, {ColSex, "성별", 5},
+                 {ColUniform, "복종", 15}, {ColYear, "년식", 5},    {ColTotal, "합계", 6}};
+    for (const auto& f : fixed) {
+        gsSpreadColumn(SP31, f.col, QString::fromUtf8(f.heading), 5, f.width, 0,
+                       f.col == ColTotal ? QStringLiteral("R") : QStringLiteral("L"));
+    }
+    gsSpreadColumn(SP31, ColSizeTab, QString(), 5, 4, 0, QStringLiteral("M"));
+    for (int c = ColFirstSize; c <= ColLastSize; ++c) {
+        gsSpreadColumn(SP31, c, QString(), 5, 4, 0, QStringLiteral("R"));
+    }
+    gsSpreadColumn(SP31, ColModelYear, QStringLiteral("최종등록일"), 5, 12, 0, QStringLiteral("M"));
+    gsSpreadFreezeCols(SP31, ColTotal);
+    column->addWidget(SP31, 1);
+
+    connect(cboBrand, &QComboBox::currentIndexChanged, this, [this] { cboBrand_Click(); });
+    connect(cboStore, &QComboBox::currentIndexChanged, this, [this] {
+        refillSchools();
+        refillUniforms();
+    });
+    for (QComboBox* filter : {cboGT22, cboGT23, cboGT25, cboGT29}) {
+        connect(filter, &QComboBox::currentIndexChanged, this, [this] { refillSchools(); });
+    }
+    for (QComboBox* filter : {cboGT22, cboGT23, cboGT28}) {
+        connect(filter, &QComboBox::currentIndexChanged, this, [this] { refillUniforms(); });
+    }
+    return tab;
+}
+
+void BAMAS330::cboBrand_Click() {
+    if (!mbLoaded) {
+        return;
+    }
+    gsReadCode(cboStore, m_store, QStringLiteral("BRDSTORE"), gfComboCode(cboBrand, m_brand));
+}
+
+void BAMAS330::refillSchools() {
+    if (!mbLoaded && cboSchool->count() > 0) {
+        return;
+    }
+    guarded(QStringLiteral("cboStore_Click"), [this] {
+        const QString nl = dialect().nolock();
+        QString sql =
+            QStringLiteral(
+                " SELECT DISTINCT SC.SCHOOLCD, SC.SCHOOLNAME FROM C_SCHOOL SC %1, C_STORE ST %1, "
+                "C_STORESCHOOL SS %1 WHERE SC.COMPANY = ST.COMPANY AND SS.COMPANY = SC.COMPANY "
+                "AND SS.STORECD = ST.STORECD AND SS.SCHOOLCD = SC.SCHOOLCD AND SC.USEYN = 'Y' "
+                "AND ST.USEYN = 'Y' AND SS.USEYN = 'Y' AND SC.COMPANY = %2")
+                .arg(nl, company());
+        const int level = cboGT25->currentIndex();
+        if (level >= 1 && level <= 3) {
+            sql += QStringLiteral(" AND SC.SCHOOLLEVEL IN ('%1')").arg(level);
+        }
+        const QString sex = code(cboGT23, m_gt23);
+        if (sex == QStringLiteral("B")) {
+            sql += QStringLiteral(" AND SC.SCHOOLDIVIDE IN ('1','3')");
+        } else if (sex == QStringLiteral("G")) {
+            sql += QStringLiteral(" AND SC.SCHOOLDIVIDE IN ('2','3')");
+        }
+        if (cboStore->currentIndex() > 0) {
+            sql += QStringLiteral(" AND ST.STORECD = ") + quoted(gfComboCode(cboStore, m_store));
+        }
+        if (cboBrand->currentIndex() > 0) {
+            sql += QStringLiteral(" AND ST.BRANDCD = ") + quoted(gfComboCode(cboBrand, m_brand));
+        }
+        const int contract = cboGT29->currentIndex();
+        if (contract == 2 || contract == 3) {
+            const QString today =
+                quoted(QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd")));
+            sql += QStringLiteral(" AND SC.SCHOOLCD ") +
+                   (contract == 2 ? QStringLiteral("NOT IN") : QStringLiteral("IN")) +
+                   QStringLiteral(
+                       " (SELECT SCHOOLCD FROM C_G2B WHERE COMPANY = SC.COMPANY AND YYYY = ") +
+                   quoted(m_currentYear) +
+                   (cboGT22->currentIndex() > 0
+                        ? QStringLiteral(" AND SEASON = ") + quoted(gfComboCode(cboGT22, m_gt22))
+                        : QString()) +
+                   QStringLiteral(" AND ") + today + QStringLiteral(" BETWEEN STARTDT AND ENDDT)");
+        }
+        sql += QStringLiteral(" ORDER BY SC.SCHOOLNAME");
+        RecordSet rs;
+        if (!gfbSqlSelectDB(sql, rs)) {
+            return;
+        }
+        const QSignalBlocker block(cboSchool);
+        cboSchool->clear();
+        m_school.reset(QStringLiteral("*"));
+        cboSchool->addItem(QStringLiteral(" "));
+        for (rs.moveFirst(); !rs.eof(); rs.moveNext()) {
+            cboSchool->addItem(rs.value(1).trimmed());
+            m_school.append(rs.value(0).trimmed(), rs.value(1), rs.value(1));
+        }
+    });
+}
+
+void BAMAS330::refillUniforms() {
+    if (!mbLoaded && cboUniform->count() > 0) {
+        return;
+    }
+    guarded(QStringLiteral("cboUniform_Fill"), [this] {
+        const Dialect& d = dialect();
+        QString sql = QStringLiteral(" SELECT DISTINCT UN.UNIFORMNAME, ") +
+                      d.cat({QStringLiteral("RTRIM(UN.SEASON)"), QStringLiteral("RTRIM(UN.DIVIDE)"),
+                             d.toChar(QStringLiteral("RTRIM(UN.UNIFORMSEQ)"), 2)}) +
+                      QStringLiteral(" CD, UN.SUBMAIN, UN.UNITYPE FROM C_UNIFORM UN ") +
+                      d.nolock() + QStringLiteral(" WHERE UN.COMPANY = ") + company() +
+                      QStringLiteral(" AND UN.UNIFORMCOMSEQ = '' AND UN.USEYN = 'Y'");
+        if (cboGT28->currentIndex() > 0) {
+            sql += QStringLiteral(" AND UN.SUBMAIN IN (") + quoted(gfComboCode(cboGT28, m_gt28)) +
+                   QStringLiteral(")");
+        }
+        const QString sex = code(cboGT23, m_gt23);
+        if (sex == QStringLiteral("B") || sex == QStringLiteral("G")) {
+            sql += QStringLiteral(" AND (UN.DIVIDE = ") + quoted(sex) +
+                   QStringLiteral(" OR UN.MIXUNIFORM = '1')");
+        }
+        const QString season = code(cboGT22, m_gt22);
+        if (season == QStringLiteral("N") || season == QStringLiteral("S")) {
+            sql += QStringLiteral(" AND UN.SEASON IN (") + quoted(season) + QStringLiteral(",'A')");
+        }
+        sql += QStringLiteral(" ORDER BY UN.SUBMAIN, UN.UNITYPE, UN.UNIFORMNAME");
+        RecordSet rs;
+        if (!gfbSqlSelectDB(sql, rs)) {
+            return;
+        }
+        const QSignalBlocker block(cboUniform);
+        cboUniform->clear();
+        m_uniform.reset(QStringLiteral("**"));
+        cboUniform->addItem(QStringLiteral("전체"));
+        for (rs.moveFirst(); !rs.eof(); rs.moveNext()) {
+            cboUniform->addItem(rs.value(0).trimmed());
+            m_uniform.append(rs.value(1), rs.value(0), rs.value(0));
+        }
+    });
+}
+
+StockFilter BAMAS330::currentFilter() const {
+    StockFilter f;
+    f.company = session().gsCompany;
+    // Row 0 of the store list has the code "*": its report is empty, as it always was.
+    f.store = gfComboCode(cboStore, m_store);
+    f.brand = gfComboCode(cboBrand, m_brand);
+    QString low = QStringLiteral("20") + cboYY1[0]->currentText();
+    QString high = QStringLiteral("20") + cboYY1[1]->currentText();
+    if (low > high) {
+        std::swap(low, high);
+    }
+    f.yearFrom = low;
+    f.yearTo = high;
+    const QString sex = code(cboGT23, m_gt23);
+    f.sex = sex == QStringLiteral("B") || sex == QStringLiteral("G") ? sex : QString();
+    f.season = code(cboGT22, m_gt22);
+    f.subMain = code(cboGT28, m_gt28);
+    f.uniform = code(cboUniform, m_uniform);
+    f.school = code(cboSchool, m_school);
+    f.schoolLevel = code(cboGT25, m_gt25);
+    f.contractRow = cboGT29->currentIndex();
+    f.currentYear = m_currentYear;
+    return f;
+}
+
+void BAMAS330::colourButtons(QPushButton* active) {
+    for (QPushButton* button : {cmdViewSale[0], cmdViewSale[1], cmdViewSale[2], cmdExcel}) {
+        button->setStyleSheet(button == active ? QStringLiteral("background: #C0FFC0;")
+                                               : QString());
+    }
+    Q_UNUSED(kActiveButton)
+}
+
+void BAMAS330::cmdViewSale_Click(StockReport report) {
+    if (cboBrand->currentIndex() < 1) {
+        return;
+    }
+    colourButtons(cmdViewSale[int(report)]);
+    guarded(QStringLiteral("sSelectQuery"), [this, report] {
+        const StockFilter filter = currentFilter();
+        QList<SizeHeadingRow> headings;
+        if (!readSizeHeadings(cboStore->currentIndex() > 0 ? filter.store : QString(), filter.brand,
+                              cboGT25->currentIndex() == 3 ? QStringLiteral("L")
+                                                           : QStringLiteral("H"),
+                              headings)) {
+            return;
+        }
+        SP31->setRedraw(false);
+        SP31->setMaxRows(0);
+        writeSizeHeadings(SP31, headings,
+                          {QStringLiteral(" "), QStringLiteral("매장"), QStringLiteral("학교"),
+                           QStringLiteral("성별"), QStringLiteral("복종"), QStringLiteral("년식"),
+                           QStringLiteral("합계")},
+                          {QStringLiteral("최종등록일")});
+        SP31->setRedraw(true);
+        RecordSet rs;
+        if (!gfbSqlSelectDB(stockStatement(filter, report, dialect()), rs)) {
+            return;
+        }
+        fillReport(rs);
+    });
+}
+
+void BAMAS330::fillReport(const RecordSet& rs) {
+    SP31->setRedraw(false);
+    SP31->setMaxRows(int(rs.recordCount()));
+    for (qsizetype r = 0; r < rs.recordCount(); ++r) {
+        // Field i goes to column i + 1: the last field (the date of the last correction) falls
+        // off the grid, and the model year stands under "최종등록일", as it always has.
+        for (int field = 0; field < rs.fieldCount(); ++field) {
+            gsSpreadSetText(SP31, int(r) + 1, field + 1, rs.at(r, field).trimmed(), kRed, QString(),
+                            QStringLiteral("N"));
+        }
+    }
+    totals();
+    gsSpreadColMerge(SP31, ColKey, ColUniform);
+    SP31->setRedraw(true);
+}
+
+void BAMAS330::totals() {
+    const QLocale locale(QLocale::English);
+    for (int row = 1; row <= SP31->maxRows(); ++row) {
+        qint64 sum = 0;
+        for (int col = ColFirstSize; col <= ColLastSize; ++col) {
+            const QString text = gfSpreadText(SP31, row, col).remove(QLatin1Char(','));
+            if (text.isEmpty()) {
+                continue;
+            }
+            const qint64 value = text.toLongLong();
+            sum += value;
+            gsSpreadSetText(SP31, row, col, value == 0 ? QString() : locale.toString(value), kRed,
+                            QString(), QStringLiteral("N"));
+        }
+        gsSpreadSetText(SP31, row, ColTotal, locale.toString(sum), kRed);
+    }
+}
+
+void BAMAS330::cmdExcel_Click() {
+    colourButtons(nullptr);
+    gsExcelExport(
+        QStringLiteral("시즌 : ") +
+            (cboGT22->currentIndex() > 0 ? m_gt22.name(cboGT22->currentIndex()) : QString()) +
+            QStringLiteral("   브랜드 : ") + cboBrand->currentText() +
+            QStringLiteral("   매장 : ") + cboStore->currentText(),
+        ColCount, SP31);
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "data/codelists.h"
+#include "screens/stock/stockstatement.h"
+#include "shell/screen.h"
+
+class QComboBox;
+class RecordSet;
+class QDateEdit;
+class QPushButton;
+class QTabWidget;
+class Spread;
+
+// Stock management. Tab 1 reports the stock of a store by school, item, model year and size,
+// computed from the movements; tab 0 (registration and correction) is not built yet.
+class BAMAS330 : public Screen {
+    Q_OBJECT
+public:
+    BAMAS330();
+
+    // The screen's own buttons do the work; the tool bar's commands do nothing here.
+    void cmdViewSale_Click(StockReport report);
+    void cmdExcel_Click();
+    // The filters of a report, as the lists stand.
+    StockFilter currentFilter() const;
+    QString currentYear() const { return m_currentYear; }
+
+protected:
+    void setupScreen() override;
+
+private:
+    QWidget* buildStockTab();
+    void cboBrand_Click();
+    void refillSchools();
+    void refillUniforms();
+    void colourButtons(QPushButton* active);
+    void fillReport(const RecordSet& rs);
+    void totals();
+
+    QTabWidget* SSTab1 = nullptr;
+    QComboBox* cboBrand = nullptr;
+    QComboBox* cboStore = nullptr;
+    QComboBox* cboYY1[2] = {};
+    QComboBox* cboGT23 = nullptr;
+    QComboBox* cboGT22 = nullptr;
+    QComboBox* cboGT28 = nullptr;
+    QComboBox* cboUniform = nullptr;
+    QComboBox* cboSchool = nullptr;
+    QComboBox* cboGT25 = nullptr;
+    QComboBox* cboGT29 = nullptr;
+    QDateEdit* dtpEnd = nullptr;
+    QPushButton* cmdViewSale[3] = {};
+    QPushButton* cmdExcel = nullptr;
+    Spread* SP31 = nullptr;
+    CodeArray m_brand, m_store, m_gt23, m_gt22, m_gt28, m_uniform, m_school, m_gt25, m_gt29;
+    QString m_currentYear;
+};
