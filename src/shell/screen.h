@@ -18,14 +18,19 @@ class Screen : public QWidget {
 public:
     Screen(const QString& name, const QString& designCaption, QWidget* parent = nullptr);
 
-    // The seven commands of the tool bars. The defaults do nothing, except m_Close.
+    // The seven commands of the tool bars. Search, save and delete run the screen's list query,
+    // save and delete routines; the others do nothing unless a screen says otherwise.
     virtual void m_Excel() {}
     virtual void m_Print(int mode) { Q_UNUSED(mode) }
     virtual void m_Close();
     virtual void m_clear() {}
-    virtual void m_Search() {}
-    virtual void m_Save() {}
-    virtual void m_Delete() {}
+    virtual void m_Search() { sSelectQuery(); }
+    virtual void m_Save() { sSaveQuery(); }
+    virtual void m_Delete() { cmdDelete_Click(); }
+
+    virtual void sSelectQuery() {}
+    virtual void sSaveQuery() {}
+    virtual void cmdDelete_Click() {}
 
     // The load handler: start time, caption and C_LOG, status bar, setup, the search at load.
     void load();

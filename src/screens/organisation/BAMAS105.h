@@ -3,6 +3,10 @@
 #include "data/codelists.h"
 #include "shell/screen.h"
 
+#include <QList>
+
+#include <utility>
+
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -16,15 +20,12 @@ class BAMAS105 : public Screen {
 public:
     BAMAS105();
 
-    void m_Search() override { sSelectQuery(); }
-    void m_Save() override { sSaveQuery(); }
-    void m_Delete() override { cmdDelete_Click(); }
     void m_clear() override { clearFields(); }
     void m_Excel() override;
 
-    void sSelectQuery();
-    void sSaveQuery();
-    void cmdDelete_Click();
+    void sSelectQuery() override;
+    void sSaveQuery() override;
+    void cmdDelete_Click() override;
     void SP1_Click(int row);
     void cmdSerch_Click();
     // The brand of the edit band, as the brand pop-up hands it back.
@@ -37,6 +38,9 @@ protected:
 private:
     void clearFields();
     QWidget* buildEditBand();
+    // Column and value of every field of the edit band, for the insert and the update alike.
+    using ColumnValue = std::pair<QString, QString>;
+    QList<ColumnValue> editedColumns() const;
     QString insertStatement() const;
     QString updateStatement() const;
 

@@ -14,15 +14,12 @@ class BAMAS170 : public Screen {
 public:
     BAMAS170();
 
-    void m_Search() override { sSelectQuery(); }
-    void m_Save() override { sSaveQuery(); }
-    void m_Delete() override { cmdDelete_Click(); }
     void m_clear() override { clearFields(); }
     void m_Excel() override;
 
-    void sSelectQuery();
-    void sSaveQuery();
-    void cmdDelete_Click();
+    void sSelectQuery() override;
+    void sSaveQuery() override;
+    void cmdDelete_Click() override;
     void fSizeTab_View();
     void SP1_Click(int row);
     void stepYear(int delta);
@@ -34,6 +31,8 @@ protected:
 private:
     void clearFields();
     QString brandKeyExpression() const;
+    QString brandStatement() const;
+    bool saveSizeRows();
 
     QLabel* lblCode = nullptr;
     QLineEdit* txtName = nullptr;
