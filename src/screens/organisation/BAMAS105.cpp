@@ -122,8 +122,8 @@ void BAMAS105::setupScreen() {
     }
     connect(SP1, &Spread::clicked, this, [this](int row, int) { SP1_Click(row); });
 
-    contentLayout()->addWidget(SP1, 1);
     contentLayout()->addWidget(buildEditBand());
+    contentLayout()->addWidget(SP1, 1);
     gsReadCode(cboGT03, m_gt03, QStringLiteral("GT03"));
     gsReadCode(cboGT20, m_gt20, QStringLiteral("GT20"));
     clearFields();
@@ -279,7 +279,7 @@ void BAMAS105::clearFields() {
     for (QComboBox* set : cboSet) {
         set->setCurrentIndex(0);
     }
-    cboYYYY->setCurrentIndex(1);
+    cboYYYY->setCurrentText(QString::number(QDate::currentDate().year()));
 }
 
 void BAMAS105::sSelectQuery() {
@@ -318,6 +318,9 @@ void BAMAS105::sSelectQuery() {
         qint64 count = 0;
         if (!gfbSqlSelectDB(sql, rs, count)) {
             return;
+        }
+        if (count > 0) {
+            clearFields();
         }
         SP1->setRedraw(false);
         SP1->setMaxRows(0);
@@ -367,10 +370,12 @@ void BAMAS105::SP1_Click(int row) {
     txtPortNo->setText(cell(ColPortNo));
     cboPort->setCurrentIndex(qMax(0, cboPort->findText(cell(ColPortType))));
     txtSpeed->setText(cell(ColPortSpeed));
-    const int year = cboYYYY->findText(cell(ColYear));
-    if (year >= 0) {
-        cboYYYY->setCurrentIndex(year);
+    // A base year outside the offered span is added, so that saving does not move it.
+    const QString year = cell(ColYear);
+    if (!year.isEmpty() && cboYYYY->findText(year) < 0) {
+        cboYYYY->addItem(year);
     }
+    cboYYYY->setCurrentText(year);
 }
 
 void BAMAS105::cmdSerch_Click() {
@@ -384,6 +389,39 @@ void BAMAS105::setBrand(const QString& code, const QString& name) {
     lblBrand->setText(name);
 }
 
+QList<BAMAS105::ColumnValue> BAMAS105::editedColumns() const {
+    const auto yesNo = [](const QRadioButton* yes) {
+        return quoted(yes->isChecked() ? QStringLiteral("Y") : QStringLiteral("N"));
+    };
+    QList<ColumnValue> columns = {
+        {QStringLiteral("STOREGB"), quoted(gfComboCode(cboGT03, m_gt03))},
+        {QStringLiteral("BRANDCD"), quoted(m_brandCode)},
+        {QStringLiteral("STORENAME"), quoted(txtName->text())},
+        {QStringLiteral("STOREFULLNAME"), quoted(txtFullName->text())},
+        {QStringLiteral("STORECEO"), quoted(txtCEOName->text())},
+        {QStringLiteral("STORETEL"), quoted(txtTEL->text())},
+        {QStringLiteral("STORENO"), quoted(txtNO->text())},
+        {QStringLiteral("STOREADDRES"), quoted(txtAddres->text())},
+        {QStringLiteral("USEYN"), yesNo(optUSEYN[0])},
+        {QStringLiteral("BANKNAME"), quoted(txtBankName->text())},
+        {QStringLiteral("DEPOSITOR"), quoted(txtDepositor->text())},
+        {QStringLiteral("ACCNO"), quoted(txtAccNo->text())},
+        {QStringLiteral("REMARK"), quoted(txtRemark->text())},
+        {QStringLiteral("VANCD"), quoted(gfComboCode(cboGT20, m_gt20))},
+        {QStringLiteral("VANSTRCD"), quoted(txtVanSTRCD->text())},
+        {QStringLiteral("CASHBOX"), yesNo(optCBUSEYN[0])},
+        {QStringLiteral("PRTPORT"), numeric(txtPortNo->text())},
+        {QStringLiteral("PRTTYPE"), quoted(cboPort->currentText())},
+        {QStringLiteral("PRTSPEED"), quoted(txtSpeed->text())},
+        {QStringLiteral("CURRYYYY"), quoted(cboYYYY->currentText())},
+    };
+    // A setting holds its combo's list index: "0" for the first choice.
+    for (int i = 0; i < 10; ++i) {
+        columns.append({setColumn(i), quoted(QString::number(cboSet[i]->currentIndex()))});
+    }
+    return columns;
+}
+
 QString BAMAS105::insertStatement() const {
     // The highest code plus one in two digits; the hundredth store does not fit and its null key
     // ends in the trap.
@@ -393,77 +431,29 @@ QString BAMAS105::insertStatement() const {
                                QStringLiteral(" CAST(ISNULL(MAX(STORECD),0)+1 AS CHAR)")}) +
                         QStringLiteral(") FROM C_STORE ") + d.nolock() +
                         QStringLiteral(" WHERE COMPANY = ") + company() + QStringLiteral(")");
-    QStringList columns = {
-        QStringLiteral("COMPANY"),     QStringLiteral("STORECD"),   QStringLiteral("STOREGB"),
-        QStringLiteral("BRANDCD"),     QStringLiteral("STORENAME"), QStringLiteral("STOREFULLNAME"),
-        QStringLiteral("STORECEO"),    QStringLiteral("STORETEL"),  QStringLiteral("STORENO"),
-        QStringLiteral("STOREADDRES"), QStringLiteral("USEYN"),     QStringLiteral("BANKNAME"),
-        QStringLiteral("DEPOSITOR"),   QStringLiteral("ACCNO"),     QStringLiteral("REMARK"),
-        QStringLiteral("VANCD"),       QStringLiteral("VANSTRCD"),  QStringLiteral("POSID"),
-        QStringLiteral("CASHBOX"),     QStringLiteral("PRTPORT"),   QStringLiteral("PRTTYPE"),
-        QStringLiteral("PRTSPEED")};
-    QStringList values = {
-        company(),
-        key,
-        quoted(gfComboCode(cboGT03, m_gt03)),
-        quoted(m_brandCode),
-        quoted(txtName->text()),
-        quoted(txtFullName->text()),
-        quoted(txtCEOName->text()),
-        quoted(txtTEL->text()),
-        quoted(txtNO->text()),
-        quoted(txtAddres->text()),
-        quoted(optUSEYN[0]->isChecked() ? QStringLiteral("Y") : QStringLiteral("N")),
-        quoted(txtBankName->text()),
-        quoted(txtDepositor->text()),
-        quoted(txtAccNo->text()),
-        quoted(txtRemark->text()),
-        quoted(gfComboCode(cboGT20, m_gt20)),
-        quoted(txtVanSTRCD->text()),
-        QStringLiteral("' '"),
-        quoted(optCBUSEYN[0]->isChecked() ? QStringLiteral("Y") : QStringLiteral("N")),
-        numeric(txtPortNo->text()),
-        quoted(cboPort->currentText()),
-        quoted(txtSpeed->text())};
-    for (int i = 0; i < 10; ++i) {
-        columns << setColumn(i);
-        values << quoted(QString::number(cboSet[i]->currentIndex()));
+    const QString user = quoted(session().gsUserId);
+    QList<ColumnValue> columns = {{QStringLiteral("COMPANY"), company()},
+                                  {QStringLiteral("STORECD"), key}};
+    columns += editedColumns();
+    columns += {{QStringLiteral("POSID"), QStringLiteral("' '")},
+                {QStringLiteral("REGDT"), QStringLiteral("GETDATE()")},
+                {QStringLiteral("REGUSER"), user},
+                {QStringLiteral("UPDDT"), QStringLiteral("GETDATE()")},
+                {QStringLiteral("UPDUSER"), user}};
+    QStringList names, values;
+    for (const auto& [name, value] : columns) {
+        names << name;
+        values << value;
     }
-    columns << QStringLiteral("CURRYYYY") << QStringLiteral("REGDT") << QStringLiteral("REGUSER")
-            << QStringLiteral("UPDDT") << QStringLiteral("UPDUSER");
-    values << quoted(cboYYYY->currentText()) << QStringLiteral("GETDATE()")
-           << quoted(session().gsUserId) << QStringLiteral("GETDATE()")
-           << quoted(session().gsUserId);
-    return QStringLiteral(" INSERT INTO C_STORE (") + columns.join(QStringLiteral(", ")) +
-           QStringLiteral(") VALUES (") + values.join(QStringLiteral(", ")) + QStringLiteral(")");
+    return QStringLiteral(" INSERT INTO C_STORE (") + names.join(QStringLiteral(", ")) +
+           QStringLiteral(") ") + QStringLiteral(" VALUES (") + values.join(QStringLiteral(", ")) +
+           QStringLiteral(")");
 }
 
 QString BAMAS105::updateStatement() const {
-    QStringList sets = {
-        QStringLiteral("STOREGB = ") + quoted(gfComboCode(cboGT03, m_gt03)),
-        QStringLiteral("BRANDCD = ") + quoted(m_brandCode),
-        QStringLiteral("STORENAME = ") + quoted(txtName->text()),
-        QStringLiteral("STOREFULLNAME = ") + quoted(txtFullName->text()),
-        QStringLiteral("STORECEO = ") + quoted(txtCEOName->text()),
-        QStringLiteral("STORETEL = ") + quoted(txtTEL->text()),
-        QStringLiteral("STORENO = ") + quoted(txtNO->text()),
-        QStringLiteral("STOREADDRES = ") + quoted(txtAddres->text()),
-        QStringLiteral("USEYN = ") +
-            quoted(optUSEYN[0]->isChecked() ? QStringLiteral("Y") : QStringLiteral("N")),
-        QStringLiteral("BANKNAME = ") + quoted(txtBankName->text()),
-        QStringLiteral("DEPOSITOR = ") + quoted(txtDepositor->text()),
-        QStringLiteral("ACCNO = ") + quoted(txtAccNo->text()),
-        QStringLiteral("VANCD = ") + quoted(gfComboCode(cboGT20, m_gt20)),
-        QStringLiteral("VANSTRCD = ") + quoted(txtVanSTRCD->text()),
-        QStringLiteral("CASHBOX = ") +
-            quoted(optCBUSEYN[0]->isChecked() ? QStringLiteral("Y") : QStringLiteral("N")),
-        QStringLiteral("PRTPORT = ") + numeric(txtPortNo->text()),
-        QStringLiteral("PRTTYPE = ") + quoted(cboPort->currentText()),
-        QStringLiteral("PRTSPEED = ") + quoted(txtSpeed->text()),
-    };
-    for (int i = 0; i < 10; ++i) {
-        sets << setColumn(i) + QStringLiteral(" = ") +
-                    quoted(QString::number(cboSet[i]->currentIndex()));
+    QStringList sets;
+    for (const auto& [name, value] : editedColumns()) {
+        sets << name + QStringLiteral(" = ") + value;
     }
     sets << QStringLiteral("UPDDT = GETDATE()")
          << QStringLiteral("UPDUSER = ") + quoted(session().gsUserId);
@@ -518,7 +508,8 @@ void BAMAS105::cmdDelete_Click() {
         QStringLiteral("cmdDelete_Click"),
         [this] {
             Transaction tx;
-            if (!gfbSqlExecuteDB(QStringLiteral(" DELETE FROM C_STORE ") +
+            if (!tx.ok() ||
+                !gfbSqlExecuteDB(QStringLiteral(" DELETE FROM C_STORE ") +
                                  QStringLiteral("  WHERE COMPANY = ") + company() +
                                  QStringLiteral("    AND STORECD = ") + quoted(lblCode->text())) ||
                 !tx.commit()) {

@@ -149,13 +149,13 @@ void BAMAS105_NOTICE::cmdSave_Click() {
     try {
         Transaction tx;
         RecordSet rs;
-        if (!gfbSqlSelectDB(QStringLiteral(" SELECT NOTICESEQ FROM C_SCHOOLNOTICE ") +
-                                QStringLiteral("  WHERE COMPANY = ") + company() +
-                                QStringLiteral("    AND SCHOOLCD = ") + school +
-                                QStringLiteral("    AND STARTDT <= ") + start +
-                                QStringLiteral("    AND ENDDT >= ") + end +
-                                QStringLiteral("  ORDER BY NOTICESEQ DESC"),
-                            rs)) {
+        if (!tx.ok() || !gfbSqlSelectDB(QStringLiteral(" SELECT NOTICESEQ FROM C_SCHOOLNOTICE ") +
+                                            QStringLiteral("  WHERE COMPANY = ") + company() +
+                                            QStringLiteral("    AND SCHOOLCD = ") + school +
+                                            QStringLiteral("    AND STARTDT <= ") + start +
+                                            QStringLiteral("    AND ENDDT >= ") + end +
+                                            QStringLiteral("  ORDER BY NOTICESEQ DESC"),
+                                        rs)) {
             return;
         }
         QString sql;

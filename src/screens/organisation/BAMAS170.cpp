@@ -11,7 +11,7 @@
 #include "grid/spreadroutines.h"
 
 #include <QDate>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -63,28 +63,37 @@ void BAMAS170::setupScreen() {
     txtTEL = textBox(QStringLiteral("txtTEL"), 20);
     gsInputStyle(txtTEL, InputStyle::Phone);
     txtRemark = textBox(QStringLiteral("txtRemark"), 200);
+    auto* useRow = new QHBoxLayout;
     for (int i = 0; i < 2; ++i) {
         optUSEYN[i] =
             new QRadioButton(i == 0 ? QStringLiteral("사용") : QStringLiteral("미사용"), this);
         optUSEYN[i]->setObjectName(QStringLiteral("optUSEYN_%1").arg(i));
+        useRow->addWidget(optUSEYN[i]);
     }
-    auto* useRow = new QHBoxLayout;
-    useRow->addWidget(optUSEYN[0]);
-    useRow->addWidget(optUSEYN[1]);
     useRow->addStretch(1);
 
     auto* edit = new QGroupBox(QStringLiteral("브랜드 정보"), this);
-    auto* form = new QFormLayout(edit);
-    form->addRow(QStringLiteral("브랜드코드"), lblCode);
-    form->addRow(QStringLiteral("브랜드명"), txtName);
-    form->addRow(QStringLiteral("브랜드전체명"), txtFullName);
-    form->addRow(QStringLiteral("담당자"), txtManager);
-    form->addRow(QStringLiteral("전화번호"), txtTEL);
-    form->addRow(QStringLiteral("비고"), txtRemark);
-    form->addRow(QStringLiteral("사용여부"), useRow);
+    auto* form = new QGridLayout(edit);
+    const auto add = [form, this](int row, int pair, const QString& label, QWidget* field,
+                                  int span = 1) {
+        form->addWidget(new QLabel(label, this), row, pair * 2);
+        form->addWidget(field, row, pair * 2 + 1, 1, span * 2 - 1);
+    };
+    add(0, 0, QStringLiteral("브랜드코드"), lblCode);
+    add(0, 1, QStringLiteral("브랜드명"), txtName);
+    auto* use = new QWidget(this);
+    use->setLayout(useRow);
+    useRow->setContentsMargins(0, 0, 0, 0);
+    add(0, 2, QStringLiteral("사용여부"), use);
+    add(1, 0, QStringLiteral("브랜드전체명"), txtFullName);
+    add(1, 1, QStringLiteral("담당자"), txtManager);
+    add(1, 2, QStringLiteral("전화번호"), txtTEL);
+    add(2, 0, QStringLiteral("비고"), txtRemark, 3);
+    for (int c : {1, 3, 5}) {
+        form->setColumnStretch(c, 1);
+    }
 
     txtYYYY = textBox(QStringLiteral("txtYYYY"), 4);
-    txtYYYY->setMaxLength(4);
     txtYYYY->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d{0,4}")), txtYYYY));
     txtYYYY->setFixedWidth(70);
@@ -101,12 +110,12 @@ void BAMAS170::setupScreen() {
 
     SP2 = new Spread(this);
     SP2->setObjectName(QStringLiteral("SP2"));
-    gsSpreadInit(SP2, QStringLiteral("굴림체"), 10, 18, 18, 3, 0xC0C0C0, 3, false, false);
+    gsSpreadInit(SP2, QStringLiteral("굴림체"), 10, 18, 18, SizeTable, 0xC0C0C0, 3, false, false);
     gsSpreadColumn(SP2, SizeRangeName, QStringLiteral("구분"), 5, 7, 0, QStringLiteral("M"));
     gsSpreadColumn(SP2, SizeRange, QStringLiteral("CD"), 5, 3, 0, QStringLiteral("M"));
     gsSpreadColumn(SP2, SizeTable, QStringLiteral("탭"), 5, 3, 0, QStringLiteral("M"));
     for (int n = 1; n <= 24; ++n) {
-        gsSpreadColumn(SP2, SizeFirstLabel + n - 1, QString::number(n), 1, 5, 10,
+        gsSpreadColumn(SP2, SizeFirstLabel + n - 1, QString::number(n), 1, 4, 10,
                        QStringLiteral("M"));
     }
 
@@ -124,15 +133,15 @@ void BAMAS170::setupScreen() {
     auto* list = new QGroupBox(QStringLiteral("조회리스트"), this);
     auto* listColumn = new QVBoxLayout(list);
     listColumn->addWidget(SP1);
-    list->setFixedWidth(330);
+    list->setFixedWidth(300);
 
-    auto* right = new QVBoxLayout;
-    right->addWidget(edit);
-    right->addWidget(sizes, 1);
-    auto* row = new QHBoxLayout;
-    row->addWidget(list);
-    row->addLayout(right, 1);
-    contentLayout()->addLayout(row, 1);
+    // The edit band across the top; below it the list keeps its width and the size tab takes
+    // the rest.
+    auto* lower = new QHBoxLayout;
+    lower->addWidget(list);
+    lower->addWidget(sizes, 1);
+    contentLayout()->addWidget(edit);
+    contentLayout()->addLayout(lower, 1);
     clearFields();
 }
 
@@ -163,6 +172,9 @@ void BAMAS170::sSelectQuery() {
         qint64 count = 0;
         if (!gfbSqlSelectDB(sql, rs, count)) {
             return;
+        }
+        if (count > 0) {
+            clearFields();
         }
         SP1->setRedraw(false);
         SP1->setMaxRows(0);
@@ -219,6 +231,11 @@ void BAMAS170::stepYear(int delta) {
 }
 
 void BAMAS170::fSizeTab_View() {
+    // A brand gets its labels once it exists: a new one is saved first, then picked.
+    if (lblCode->text().isEmpty()) {
+        SP2->setMaxRows(0);
+        return;
+    }
     guarded(QStringLiteral("fSizeTab_View"), [this] {
         const Dialect& d = dialect();
         // The year in force: the greatest year with labels not above the one asked for.
@@ -286,6 +303,64 @@ QString BAMAS170::brandKeyExpression() const {
            QStringLiteral(" WHERE COMPANY = ") + company() + QStringLiteral(")");
 }
 
+QString BAMAS170::brandStatement() const {
+    const QString use =
+        quoted(optUSEYN[0]->isChecked() ? QStringLiteral("Y") : QStringLiteral("N"));
+    const QString user = quoted(session().gsUserId);
+    if (lblCode->text().isEmpty()) {
+        return QStringLiteral(" INSERT INTO C_BRAND (COMPANY, BRANDCD, BRANDNAME, BRANDFULLNAME, "
+                              "BRANDMANAGER, BRANDTEL, USEYN, REMARK, REGDT, REGUSER, UPDDT, "
+                              "UPDUSER) ") +
+               QStringLiteral(" VALUES (") + company() + QStringLiteral(", ") +
+               brandKeyExpression() + QStringLiteral(", ") + quoted(txtName->text()) +
+               QStringLiteral(", ") + quoted(txtFullName->text()) + QStringLiteral(", ") +
+               quoted(txtManager->text()) + QStringLiteral(", ") + quoted(txtTEL->text()) +
+               QStringLiteral(", ") + use + QStringLiteral(", ") + quoted(txtRemark->text()) +
+               QStringLiteral(", GETDATE(), ") + user + QStringLiteral(", GETDATE(), ") + user +
+               QStringLiteral(")");
+    }
+    return QStringLiteral(" UPDATE C_BRAND SET BRANDNAME = ") + quoted(txtName->text()) +
+           QStringLiteral(", BRANDFULLNAME = ") + quoted(txtFullName->text()) +
+           QStringLiteral(", BRANDMANAGER = ") + quoted(txtManager->text()) +
+           QStringLiteral(", BRANDTEL = ") + quoted(txtTEL->text()) + QStringLiteral(", USEYN = ") +
+           use + QStringLiteral(", REMARK = ") + quoted(txtRemark->text()) +
+           QStringLiteral(", UPDDT = GETDATE(), UPDUSER = ") + user +
+           QStringLiteral("  WHERE COMPANY = ") + company() + QStringLiteral("    AND BRANDCD = ") +
+           quoted(lblCode->text());
+}
+
+bool BAMAS170::saveSizeRows() {
+    // The year's rows are written anew from the grid, every pair even without labels; the
+    // labels shown for an earlier year in force thus become the shown year's own copy.
+    const QString brand = quoted(lblCode->text());
+    const QString year = quoted(txtYYYY->text());
+    if (!gfbSqlExecuteDB(QStringLiteral(" DELETE FROM C_BRANDSIZE ") +
+                         QStringLiteral("  WHERE COMPANY = ") + company() +
+                         QStringLiteral("    AND BRANDCD = ") + brand +
+                         QStringLiteral("   AND YYYY    = ") + year)) {
+        return false;
+    }
+    QStringList labels;
+    for (int n = 1; n <= 24; ++n) {
+        labels << labelColumn(n);
+    }
+    const QString insert = QStringLiteral(" INSERT INTO C_BRANDSIZE (COMPANY, BRANDCD, YYYY, "
+                                          "TEENSCOPE, SIZETAB, ") +
+                           labels.join(QStringLiteral(", ")) + QStringLiteral(") ") +
+                           QStringLiteral(" VALUES (") + company() + QStringLiteral(", ") + brand +
+                           QStringLiteral(", ") + year + QStringLiteral(", ");
+    for (int row = 1; row <= SP2->maxRows(); ++row) {
+        QStringList values;
+        for (int col = SizeRange; col <= SizeColumns; ++col) {
+            values << quoted(gfSpreadText(SP2, row, col).trimmed());
+        }
+        if (!gfbSqlExecuteDB(insert + values.join(QStringLiteral(", ")) + QStringLiteral(")"))) {
+            return false;
+        }
+    }
+    return true;
+}
+
 void BAMAS170::sSaveQuery() {
     if (txtName->text().trimmed().isEmpty()) {
         gfsMessage(22);
@@ -298,69 +373,12 @@ void BAMAS170::sSaveQuery() {
         QStringLiteral("sSaveQuery"),
         [this] {
             Transaction tx;
-            if (!tx.ok()) {
-                throw DbError(-1, QStringLiteral("BeginTrans"));
-            }
-            const QString use =
-                optUSEYN[0]->isChecked() ? QStringLiteral("Y") : QStringLiteral("N");
-            const QString user = quoted(session().gsUserId);
-            QString brand = quoted(lblCode->text());
-            QString sql;
-            if (lblCode->text().isEmpty()) {
-                brand = brandKeyExpression();
-                sql = QStringLiteral(
-                          " INSERT INTO C_BRAND (COMPANY, BRANDCD, BRANDNAME, BRANDFULLNAME, "
-                          "BRANDMANAGER, "
-                          "BRANDTEL, USEYN, REMARK, REGDT, REGUSER, UPDDT, UPDUSER) VALUES (") +
-                      company() + QStringLiteral(", ") + brand + QStringLiteral(", ") +
-                      quoted(txtName->text()) + QStringLiteral(", ") + quoted(txtFullName->text()) +
-                      QStringLiteral(", ") + quoted(txtManager->text()) + QStringLiteral(", ") +
-                      quoted(txtTEL->text()) + QStringLiteral(", ") + quoted(use) +
-                      QStringLiteral(", ") + quoted(txtRemark->text()) +
-                      QStringLiteral(", GETDATE(), ") + user + QStringLiteral(", GETDATE(), ") +
-                      user + QStringLiteral(")");
-            } else {
-                sql = QStringLiteral(" UPDATE C_BRAND SET BRANDNAME = ") + quoted(txtName->text()) +
-                      QStringLiteral(", BRANDFULLNAME = ") + quoted(txtFullName->text()) +
-                      QStringLiteral(", BRANDMANAGER = ") + quoted(txtManager->text()) +
-                      QStringLiteral(", BRANDTEL = ") + quoted(txtTEL->text()) +
-                      QStringLiteral(", USEYN = ") + quoted(use) + QStringLiteral(", REMARK = ") +
-                      quoted(txtRemark->text()) +
-                      QStringLiteral(", UPDDT = GETDATE(), UPDUSER = ") + user +
-                      QStringLiteral("  WHERE COMPANY = ") + company() +
-                      QStringLiteral("    AND BRANDCD = ") + brand;
-            }
-            if (!gfbSqlExecuteDB(sql)) {
+            if (!tx.ok() || !gfbSqlExecuteDB(brandStatement())) {
                 return;
             }
-            // A new brand has no size rows on the grid yet: its labels are kept from its first
-            // click onwards.
-            brand = quoted(lblCode->text());
-            if (!gfbSqlExecuteDB(QStringLiteral(" DELETE FROM C_BRANDSIZE ") +
-                                 QStringLiteral("  WHERE COMPANY = ") + company() +
-                                 QStringLiteral("    AND BRANDCD = ") + brand +
-                                 QStringLiteral("   AND YYYY    = ") + quoted(txtYYYY->text()))) {
+            // A new brand has no labels on the grid yet (see fSizeTab_View).
+            if (!lblCode->text().isEmpty() && !saveSizeRows()) {
                 return;
-            }
-            QStringList labels;
-            for (int n = 1; n <= 24; ++n) {
-                labels << labelColumn(n);
-            }
-            for (int row = 1; row <= SP2->maxRows(); ++row) {
-                QStringList values;
-                for (int col = SizeRange; col <= SizeColumns; ++col) {
-                    values << quoted(gfSpreadText(SP2, row, col).trimmed());
-                }
-                if (!gfbSqlExecuteDB(
-                        QStringLiteral(
-                            " INSERT INTO C_BRANDSIZE (COMPANY, BRANDCD, YYYY, TEENSCOPE, "
-                            "SIZETAB, ") +
-                        labels.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") +
-                        company() + QStringLiteral(", ") + brand + QStringLiteral(", ") +
-                        quoted(txtYYYY->text()) + QStringLiteral(", ") +
-                        values.join(QStringLiteral(", ")) + QStringLiteral(")"))) {
-                    return;
-                }
             }
             if (!tx.commit()) {
                 return;
@@ -383,7 +401,8 @@ void BAMAS170::cmdDelete_Click() {
         [this] {
             Transaction tx;
             // The brand's size rows stay behind on purpose.
-            if (!gfbSqlExecuteDB(QStringLiteral(" DELETE FROM C_BRAND ") +
+            if (!tx.ok() ||
+                !gfbSqlExecuteDB(QStringLiteral(" DELETE FROM C_BRAND ") +
                                  QStringLiteral("  WHERE COMPANY = ") + company() +
                                  QStringLiteral("    AND BRANDCD = ") + quoted(lblCode->text())) ||
                 !tx.commit()) {
