@@ -36,6 +36,35 @@ protected:
     bool searchesAtLoad() const override { return true; }
 
 private:
+    // SP1 in the order of the list statement; from ColBrandCode on the columns are hidden.
+    enum Column {
+        ColCode = 1,
+        ColKind,
+        ColBrand,
+        ColName,
+        ColNo,
+        ColFullName,
+        ColCeo,
+        ColTel,
+        ColAddress,
+        ColBank,
+        ColAccNo,
+        ColDepositor,
+        ColUse,
+        ColRemark,
+        ColBrandCode,
+        ColVan,
+        ColVanStore,
+        ColCashBox,
+        ColSet01,
+        ColPortNo = ColSet01 + 10,
+        ColPortType,
+        ColPortSpeed,
+        ColYear
+    };
+    // "SET01" to "SET10": the till's switches, i from 0.
+    static QString setColumn(int i);
+
     void clearFields();
     QWidget* buildEditBand();
     // Column and value of every field of the edit band, for the insert and the update alike.

@@ -13,6 +13,7 @@
 #include <QDateEdit>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -50,9 +51,11 @@ BAMAS105_NOTICE::BAMAS105_NOTICE(QWidget* parent)
     form->addRow(QStringLiteral("학교"), cboSchool);
     auto* dates = new QHBoxLayout;
     dates->addWidget(dtpStart);
+    dates->addSpacing(16);
+    dates->addWidget(new QLabel(QStringLiteral("공지종료"), this));
     dates->addWidget(dtpEnd);
     dates->addStretch(1);
-    form->addRow(QStringLiteral("공지개시 / 공지종료"), dates);
+    form->addRow(QStringLiteral("공지개시"), dates);
     form->addRow(QStringLiteral("공지사항"), txtNotice);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);

@@ -110,7 +110,7 @@ void BAMAS170::setupScreen() {
 
     SP2 = new Spread(this);
     SP2->setObjectName(QStringLiteral("SP2"));
-    gsSpreadInit(SP2, QStringLiteral("굴림체"), 10, 18, 18, SizeTable, 0xC0C0C0, 3, false, false);
+    gsSpreadInit(SP2, QStringLiteral("굴림체"), 10, 18, 18, 0, 0xC0C0C0, 3, false, false);
     gsSpreadColumn(SP2, SizeRangeName, QStringLiteral("구분"), 5, 7, 0, QStringLiteral("M"));
     gsSpreadColumn(SP2, SizeRange, QStringLiteral("CD"), 5, 3, 0, QStringLiteral("M"));
     gsSpreadColumn(SP2, SizeTable, QStringLiteral("탭"), 5, 3, 0, QStringLiteral("M"));
@@ -118,6 +118,9 @@ void BAMAS170::setupScreen() {
         gsSpreadColumn(SP2, SizeFirstLabel + n - 1, QString::number(n), 1, 4, 10,
                        QStringLiteral("M"));
     }
+
+    // The pair stays in view, grey, while the labels scroll.
+    gsSpreadFreezeCols(SP2, SizeTable);
 
     auto* sizes = new QGroupBox(QStringLiteral("Size 탭"), this);
     auto* sizeColumn = new QVBoxLayout(sizes);
