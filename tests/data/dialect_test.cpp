@@ -18,8 +18,11 @@ protected:
 TEST_F(DialectTest, concatenationPropagatesNull) {
     EXPECT_EQ(server.cat({QStringLiteral("'('"), QStringLiteral("FORMNO"), QStringLiteral("')'")}),
               QStringLiteral("'(' + FORMNO + ')'"));
-    EXPECT_EQ(eval(lite.cat({QStringLiteral("'('"), QStringLiteral("'105'"), QStringLiteral("')'")})), QStringLiteral("(105)"));
-    EXPECT_EQ(scalar(QStringLiteral("SELECT ") + lite.cat({QStringLiteral("'a'"), QStringLiteral("NULL")}) +
+    EXPECT_EQ(
+        eval(lite.cat({QStringLiteral("'('"), QStringLiteral("'105'"), QStringLiteral("')'")})),
+        QStringLiteral("(105)"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT ") +
+                     lite.cat({QStringLiteral("'a'"), QStringLiteral("NULL")}) +
                      QStringLiteral(" IS NULL")),
               QStringLiteral("1"));
 }
@@ -33,11 +36,15 @@ TEST_F(DialectTest, convertsToCharPadToTheirWidth) {
 }
 
 TEST_F(DialectTest, datesAsText) {
-    EXPECT_EQ(server.ymd(QStringLiteral("GETDATE()")), QStringLiteral("CONVERT(CHAR(8), GETDATE(), 112)"));
+    EXPECT_EQ(server.ymd(QStringLiteral("GETDATE()")),
+              QStringLiteral("CONVERT(CHAR(8), GETDATE(), 112)"));
     EXPECT_EQ(server.iso(QStringLiteral("D")), QStringLiteral("CONVERT(VARCHAR, D, 120)"));
-    EXPECT_EQ(eval(lite.ymd(QStringLiteral("'2026-03-01 10:11:12.123'"))), QStringLiteral("20260301"));
-    EXPECT_EQ(eval(lite.iso(QStringLiteral("'2026-03-01 10:11:12.123'"))), QStringLiteral("2026-03-01 10:11:12"));
-    EXPECT_EQ(eval(lite.addDaysYmd(QStringLiteral("'20260228'"), QStringLiteral("1"))), QStringLiteral("20260301"));
+    EXPECT_EQ(eval(lite.ymd(QStringLiteral("'2026-03-01 10:11:12.123'"))),
+              QStringLiteral("20260301"));
+    EXPECT_EQ(eval(lite.iso(QStringLiteral("'2026-03-01 10:11:12.123'"))),
+              QStringLiteral("2026-03-01 10:11:12"));
+    EXPECT_EQ(eval(lite.addDaysYmd(QStringLiteral("'20260228'"), QStringLiteral("1"))),
+              QStringLiteral("20260301"));
     EXPECT_EQ(server.addDaysYmd(QStringLiteral("D"), QStringLiteral("-1")),
               QStringLiteral("CONVERT(CHAR(8), DATEADD(DAY, -1, CONVERT(DATETIME, D)), 112)"));
 }
@@ -57,6 +64,31 @@ TEST_F(DialectTest, tsqlFunctionsBehaveAsOnTheServer) {
     EXPECT_EQ(eval(QStringLiteral("LENGTH(GETDATE())")), QStringLiteral("23"));
 }
 
+TEST_F(DialectTest, guardedInsertAddsOnceAndRowLimitsOnBothEngines) {
+    exec(QStringLiteral("CREATE TABLE K (A TEXT COLLATE RTRIM, B INTEGER)"));
+    const QString insert =
+        lite.insertIfMissing(QStringLiteral("K"), QStringLiteral("A, B"), QStringLiteral("'x', 1"),
+                             QStringLiteral("A = 'x'"));
+    exec(insert);
+    exec(insert);
+    EXPECT_EQ(count(QStringLiteral("K")), 1);
+    EXPECT_EQ(server.insertIfMissing(QStringLiteral("K"), QStringLiteral("A"),
+                                     QStringLiteral("'x'"), QStringLiteral("A = 'x'")),
+              QStringLiteral(
+                  "INSERT INTO K (A) SELECT 'x' WHERE NOT EXISTS (SELECT 1 FROM K WHERE A = 'x')"));
+    exec(QStringLiteral("INSERT INTO K VALUES ('y', 2), ('z', 3)"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT") + lite.topPrefix(1) +
+                     QStringLiteral("A FROM K ORDER BY B DESC") + lite.limitSuffix(1)),
+              QStringLiteral("z"));
+    EXPECT_EQ(server.topPrefix(1) + QStringLiteral("A") + server.limitSuffix(1),
+              QStringLiteral(" TOP 1 A"));
+    EXPECT_EQ(eval(lite.toInt(QStringLiteral("'0042'"))), QStringLiteral("42"));
+    EXPECT_EQ(server.toInt(QStringLiteral("X")), QStringLiteral("CONVERT(INT, X)"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT ") + lite.listAgg(QStringLiteral("A")) +
+                     QStringLiteral(" FROM (SELECT A FROM K ORDER BY A)")),
+              QStringLiteral("x,y,z"));
+}
+
 TEST_F(DialectTest, trailingBlanksAreIgnoredInComparisons) {
     exec(QStringLiteral("CREATE TABLE T (A TEXT COLLATE RTRIM); INSERT INTO T VALUES ('01  ')"));
     EXPECT_EQ(count(QStringLiteral("T"), QStringLiteral("A = '01'")), 1);
@@ -65,8 +97,9 @@ TEST_F(DialectTest, trailingBlanksAreIgnoredInComparisons) {
 TEST(SqliteRewrite, leavesLiteralsAndCommentsAlone) {
     EXPECT_EQ(rewriteForSqlite(QStringLiteral("SELECT ISNULL(A,'') FROM T LEFT JOIN U ON 1=1")),
               QStringLiteral("SELECT IFNULL(A,'') FROM T LEFT JOIN U ON 1=1"));
-    EXPECT_EQ(rewriteForSqlite(QStringLiteral("SELECT 'LEFT(' , \"RIGHT(\" -- ISNULL(\n, LEFT (X,1)")),
-              QStringLiteral("SELECT 'LEFT(' , \"RIGHT(\" -- ISNULL(\n, TSQL_LEFT (X,1)"));
+    EXPECT_EQ(
+        rewriteForSqlite(QStringLiteral("SELECT 'LEFT(' , \"RIGHT(\" -- ISNULL(\n, LEFT (X,1)")),
+        QStringLiteral("SELECT 'LEFT(' , \"RIGHT(\" -- ISNULL(\n, TSQL_LEFT (X,1)"));
     EXPECT_EQ(rewriteForSqlite(QStringLiteral("/* it's LEFT( */ SELECT 'a''LEFT(b' , MYLEFT(1)")),
               QStringLiteral("/* it's LEFT( */ SELECT 'a''LEFT(b' , MYLEFT(1)"));
     EXPECT_EQ(rewriteForSqlite(QStringLiteral("SELECT dbo.FN_STORETEL('01') FROM dbo_t")),

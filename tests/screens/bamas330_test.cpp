@@ -1,6 +1,7 @@
 // The stock report on a line counted by hand, through the screen's own buttons.
 #include "screenfixture.h"
 
+#include "data/dialect.h"
 #include "grid/spreadroutines.h"
 #include "screens/stock/BAMAS330.h"
 
@@ -90,4 +91,35 @@ TEST_F(Bamas330, filtersThatEmptyTheReport) {
     choose(QStringLiteral("cboBrand"), 0); // no brand: nothing runs, nothing is said
     press("cmdViewSale1");
     EXPECT_TRUE(presenter->boxes.size() <= 1); // at most the empty program tree's message
+}
+
+TEST_F(Bamas330, aSchoolFilterKeepsCommonItemsAndTheSeasonKeepsAllSeasonItems) {
+    // A common shirt received at the other school: it gathers as "공통" whatever school is chosen.
+    exec(QStringLiteral(
+        "INSERT INTO T_INBOUND (COMPANY, STORECD, INBOUNDDT, INBOUNDSEQ, SCHOOLCD, SUDIVIDE, "
+        "UNIFORMCD, INYYYY, I01, INBOUNDGB) VALUES ('01', '01', '20240212', 1, '002', '1', "
+        "'NB0301', '2023', 7, 'B')"));
+    auto* school = child<QComboBox>(screen, QStringLiteral("cboSchool"));
+    school->setCurrentIndex(school->findText(QStringLiteral("한빛초")));
+    ASSERT_GT(school->currentIndex(), 0);
+    press("cmdViewSale1");
+    ASSERT_EQ(grid->maxRows(), 1);
+    EXPECT_EQ(row(1, 3, 5), (QStringList{QStringLiteral("공통"), QStringLiteral("남"),
+                                         QStringLiteral("공통셔츠")}));
+    EXPECT_EQ(gfSpreadText(grid, 1, 7), QStringLiteral("7"));
+
+    school->setCurrentIndex(0);
+    press("cmdViewSale1");
+    EXPECT_EQ(grid->maxRows(), 2); // common items come first
+    EXPECT_EQ(gfSpreadText(grid, 1, 3), QStringLiteral("공통"));
+    EXPECT_EQ(gfSpreadText(grid, 2, 3), QStringLiteral("한빛중"));
+}
+
+TEST_F(Bamas330, theServerTextCarriesNoSqliteSpelling) {
+    const Dialect server(Dialect::Engine::SqlServer);
+    const QString sql = stockStatement(screen->currentFilter(), StockReport::CarryOver, server);
+    EXPECT_FALSE(sql.contains(QStringLiteral("||")));
+    EXPECT_TRUE(sql.contains(QStringLiteral("S_ORDERHEAD OH  WITH(NOLOCK)")));
+    EXPECT_TRUE(sql.contains(QStringLiteral("CONVERT(CHAR(2), RTRIM(UF.UNIFORMSEQ))")));
+    EXPECT_TRUE(sql.contains(QStringLiteral("CONVERT(CHAR(8), GETDATE(), 112)")));
 }
