@@ -1,0 +1,124 @@
+// The frame every screen stands on: loading, the one trap per routine, input behaviour.
+#include "screenfixture.h"
+
+#include "data/database.h"
+#include "data/dbroutines.h"
+#include "data/session.h"
+#include "shell/screenregistry.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace {
+
+// A screen whose list query can be made to fail, and whose combo would search on change.
+class ProbeScreen : public Screen {
+public:
+    ProbeScreen() : Screen(QStringLiteral("BAMAS310"), QStringLiteral("발주관리")) {}
+    void sSelectQuery() override {
+        ++searches;
+        guarded(QStringLiteral("sSelectQuery"), [this] {
+            RecordSet rs;
+            const QString table =
+                failNext ? QStringLiteral("NO_SUCH_TABLE") : QStringLiteral("C_BRAND");
+            failNext = false;
+            if (!gfbSqlSelectDB(QStringLiteral("SELECT COUNT(*) FROM ") + table, rs)) {
+                return;
+            }
+            rows = rs.value(0).toInt();
+        });
+    }
+    void sSaveQuery() override {
+        guarded(
+            QStringLiteral("sSaveQuery"),
+            [] {
+                session().gDb->begin();
+                session().gDb->execute(QStringLiteral(
+                    "INSERT INTO C_BRAND (COMPANY, BRANDCD, BRANDNAME) VALUES ('01', '09', 'x')"));
+                throw DbError(7, QStringLiteral("저장 중 오류"));
+            },
+            true);
+    }
+    QComboBox* combo = nullptr;
+    QLineEdit* first = nullptr;
+    QLineEdit* second = nullptr;
+    int searches = 0;
+    int rows = -1;
+    bool failNext = false;
+
+protected:
+    void setupScreen() override {
+        combo = new QComboBox(this);
+        connect(combo, &QComboBox::currentIndexChanged, this, [this] {
+            if (mbLoaded) {
+                sSelectQuery();
+            }
+        });
+        combo->addItems({QStringLiteral("가"), QStringLiteral("나")}); // filling must not search
+        first = textBox(QStringLiteral("txtFirst"), 10);
+        second = textBox(QStringLiteral("txtSecond"), 10);
+        contentLayout()->addWidget(combo);
+        contentLayout()->addWidget(first);
+        contentLayout()->addWidget(second);
+    }
+};
+
+} // namespace
+
+class ScreenFrame : public ScreenTest {
+protected:
+    void SetUp() override {
+        ScreenTest::SetUp();
+        registerScreenFactory(QStringLiteral("BAMAS310"), [] { return new ProbeScreen; });
+        probe = dynamic_cast<ProbeScreen*>(openByNumber(310));
+        ASSERT_NE(probe, nullptr);
+        presenter->boxes.clear();
+    }
+    void TearDown() override {
+        registerScreenFactory(QStringLiteral("BAMAS310"), {});
+        registerScreens();
+        ScreenTest::TearDown();
+    }
+    ProbeScreen* probe = nullptr;
+};
+
+TEST_F(ScreenFrame, fillingDuringLoadDoesNotSearchButAChangeAfterwardsDoes) {
+    EXPECT_EQ(probe->searches, 0);
+    probe->combo->setCurrentIndex(1);
+    EXPECT_EQ(probe->searches, 1);
+    EXPECT_EQ(probe->statusPanel(2)->text(), QStringLiteral("tester / 시험자"));
+    EXPECT_EQ(probe->statusPanel(3)->text().size(), 8); // hh:mm:ss
+}
+
+TEST_F(ScreenFrame, aFailedSearchLeavesTheScreenUsable) {
+    probe->failNext = true;
+    mainWindow()->gsToolBarClick(MAINMDI::TobToolBar1, QStringLiteral("Search"));
+    EXPECT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(probe->rows, -1);
+    mainWindow()->gsToolBarClick(MAINMDI::TobToolBar1, QStringLiteral("Search"));
+    EXPECT_EQ(probe->rows, 0);
+    EXPECT_EQ(presenter->boxes.size(), 1);
+}
+
+TEST_F(ScreenFrame, theTrapRollsBackAndLogsItsPlace) {
+    probe->sSaveQuery();
+    EXPECT_FALSE(session().gDb->inTransaction());
+    EXPECT_EQ(count(QStringLiteral("C_BRAND")), 0);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT ERRPROG || '|' || ERRNO FROM C_ERROR")),
+              QStringLiteral("BAMAS310 : sSaveQuery|7"));
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(presenter->boxes[0].text, QStringLiteral("저장 중 오류"));
+}
+
+TEST_F(ScreenFrame, enterWalksTheFieldsAndFocusSelectsTheText) {
+    probe->first->setText(QStringLiteral("첫칸"));
+    probe->second->setText(QStringLiteral("둘째칸"));
+    probe->first->setFocus();
+    QApplication::processEvents();
+    QTest::keyClick(probe->first, Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_TRUE(probe->second->hasFocus());
+    EXPECT_EQ(probe->second->selectedText(), QStringLiteral("둘째칸"));
+}
