@@ -91,37 +91,62 @@ TEST_F(Bamas170, yearArrowsStepAndTheYearBoxTakesDigitsOnly) {
     EXPECT_EQ(year->text(), QStringLiteral("2026"));
 }
 
-TEST_F(Bamas170, newBrandsAreNumberedByCountAndTheHundredthFails) {
-    screen->m_clear();
-    name->setText(QStringLiteral("O'N'); DROP--"));
+TEST_F(Bamas170, aBrandWithoutLabelsShowsEveryPairEmptyAndStoresThemAll) {
+    pickBrand(2, QStringLiteral("2024"));
+    ASSERT_EQ(sizes->maxRows(), 4);
+    EXPECT_EQ(labels(QStringLiteral("L"), QStringLiteral("X")), QStringLiteral("||"));
+    EXPECT_EQ(labels(QStringLiteral("H"), QStringLiteral("J")), QStringLiteral("||"));
+    screen->m_Save();
+    EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"),
+                    QStringLiteral("BRANDCD = '02' AND YYYY = '2024' AND C01 = ''")),
+              4);
+}
+
+TEST_F(Bamas170, newBrandsAreNumberedByCountSoADeleteMakesTheNextCollide) {
+    exec(QStringLiteral("DELETE FROM C_BRAND"));
+    screen->m_Search();
+    const auto saveNew = [this](const QString& brand) {
+        screen->m_clear();
+        name->setText(brand);
+        screen->m_Save();
+    };
+    name->setText(QStringLiteral("O'N'); DROP--")); // typed after the search cleared the box
     QApplication::clipboard()->setText(QString(110, QChar(0xAC00))); // 220 bytes pasted
     child<QLineEdit>(screen, QStringLiteral("txtRemark"))->paste();
-    screen->sSaveQuery();
-    EXPECT_EQ(scalar(QStringLiteral("SELECT BRANDNAME FROM C_BRAND WHERE BRANDCD = '03'")),
-              QStringLiteral("O'N'); DROP--"));
-    EXPECT_EQ(scalar(QStringLiteral("SELECT LENGTH(REMARK) FROM C_BRAND WHERE BRANDCD = '03'")),
-              QStringLiteral("100"));
-    for (int i = 4; i <= 9; ++i) {
-        exec(QStringLiteral("INSERT INTO C_BRAND (COMPANY, BRANDCD, BRANDNAME, USEYN) VALUES "
-                            "('01', '0%1', 'b', 'Y')")
-                 .arg(i));
+    screen->m_Save();
+    EXPECT_EQ(scalar(QStringLiteral("SELECT BRANDNAME || '|' || LENGTH(REMARK) || '|' || USEYN "
+                                    "FROM C_BRAND WHERE BRANDCD = '01'")),
+              QStringLiteral("O'N'); DROP--|100|Y"));
+    EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("BRANDCD = ''")), 0);
+
+    for (int i = 2; i <= 9; ++i) {
+        saveNew(QStringLiteral("브랜드%1").arg(i));
     }
-    screen->m_clear();
-    name->setText(QStringLiteral("열번째"));
-    screen->sSaveQuery();
+    saveNew(QStringLiteral("열번째"));
     EXPECT_EQ(scalar(QStringLiteral("SELECT BRANDNAME FROM C_BRAND WHERE BRANDCD = '10'")),
               QStringLiteral("열번째"));
 
-    for (int i = 11; i <= 99; ++i) {
+    // Brand 05 goes: ten rows become nine, and the next key is "10" again.
+    screen->SP1_Click(gfSpreadFindRow(list, 1, QStringLiteral("05")));
+    presenter->answerYes();
+    screen->m_Delete();
+    presenter->boxes.clear();
+    saveNew(QStringLiteral("충돌"));
+    EXPECT_EQ(count(QStringLiteral("C_BRAND"), QStringLiteral("BRANDNAME = '충돌'")), 0);
+    EXPECT_EQ(count(QStringLiteral("C_ERROR")), 1);
+    EXPECT_FALSE(presenter->boxes.isEmpty());
+}
+
+TEST_F(Bamas170, theHundredthBrandsKeyIsNull) {
+    for (int i = 3; i <= 99; ++i) {
         exec(QStringLiteral("INSERT INTO C_BRAND (COMPANY, BRANDCD, BRANDNAME, USEYN) VALUES "
                             "('01', '%1', 'b', 'Y')")
-                 .arg(i));
+                 .arg(i, 2, 10, QLatin1Char('0')));
     }
     screen->m_clear();
     name->setText(QStringLiteral("백번째"));
-    screen->sSaveQuery();
+    screen->m_Save();
     EXPECT_EQ(count(QStringLiteral("C_BRAND"), QStringLiteral("BRANDNAME = '백번째'")), 0);
-    ASSERT_FALSE(presenter->boxes.isEmpty()); // the null key ends in the trap
     EXPECT_EQ(count(QStringLiteral("C_ERROR")), 1);
 }
 
