@@ -42,7 +42,7 @@ BAMAS105_NOTICE::BAMAS105_NOTICE(QWidget* parent)
       dtpEnd(dateField(this, QStringLiteral("dtpEnd"))), txtNotice(new QLineEdit(this)) {
     setObjectName(QStringLiteral("BAMAS105_NOTICE"));
     setWindowTitle(QStringLiteral("학교 임시 공지사항 등록"));
-    resize(560, 220);
+    resize(540, 170);
     cboSchool->setObjectName(QStringLiteral("cboSchool"));
     txtNotice->setObjectName(QStringLiteral("txtNotice"));
     gsByteLimit(txtNotice, 500);
