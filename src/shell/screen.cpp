@@ -6,6 +6,7 @@
 #include "grid/inputhelpers.h"
 #include "shell/mainmdi.h"
 #include "shell/proginit.h"
+#include "shell/trap.h"
 
 #include <QAbstractSpinBox>
 #include <QCloseEvent>
@@ -17,8 +18,6 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
-
-#include <exception>
 
 Screen::Screen(const QString& name, const QString& designCaption, QWidget* parent)
     : QWidget(parent), m_content(new QVBoxLayout), m_statusBar(new QStatusBar(this)) {
@@ -97,27 +96,7 @@ void Screen::m_Close() {
 }
 
 bool Screen::guarded(const QString& routine, const std::function<void()>& body, bool rollback) {
-    const auto rollbackIfAsked = [rollback] {
-        if (rollback && session().gDb && session().gDb->inTransaction()) {
-            try {
-                session().gDb->rollback();
-            } catch (const DbError&) {
-            }
-        }
-    };
-    try {
-        body();
-        return true;
-    } catch (const DbError& error) {
-        rollbackIfAsked();
-        gsErrorLog(error, placeText(routine), QString());
-        gsFlushErrorLog(); // the log row held back while a transaction was open
-    } catch (const std::exception& error) {
-        rollbackIfAsked();
-        gsErrorLog(-1, QString::fromLocal8Bit(error.what()), placeText(routine), QString());
-        gsFlushErrorLog(); // the log row held back while a transaction was open
-    }
-    return false;
+    return gfTrap(placeText(routine), body, rollback);
 }
 
 void Screen::closeEvent(QCloseEvent* event) {

@@ -8,6 +8,7 @@
 #include "data/sqlvalue.h"
 #include "grid/inputhelpers.h"
 #include "shell/codecontrols.h"
+#include "shell/trap.h"
 
 #include <QComboBox>
 #include <QDateEdit>
@@ -89,7 +90,7 @@ QString BAMAS105_NOTICE::schoolCode() const {
 }
 
 void BAMAS105_NOTICE::showNotice(const QString& sql, const QString& place) {
-    try {
+    gfTrap(place, [&] {
         RecordSet rs;
         if (!gfbSqlSelectDB(sql, rs) || rs.eof()) {
             return;
@@ -99,9 +100,7 @@ void BAMAS105_NOTICE::showNotice(const QString& sql, const QString& place) {
         dtpEnd->setDate(
             QDate::fromString(rs.field(QStringLiteral("ENDDT")).trimmed(), kDateFormat));
         txtNotice->setText(rs.field(QStringLiteral("NOTICE")));
-    } catch (const DbError& error) {
-        gsErrorLog(error, place, QString());
-    }
+    });
 }
 
 void BAMAS105_NOTICE::cboSchool_Click() {
@@ -149,47 +148,48 @@ void BAMAS105_NOTICE::cmdSave_Click() {
     const QString school = quoted(schoolCode());
     const QString start = quoted(dtpStart->date().toString(kDateFormat));
     const QString end = quoted(dtpEnd->date().toString(kDateFormat));
-    try {
-        Transaction tx;
-        RecordSet rs;
-        if (!tx.ok() || !gfbSqlSelectDB(QStringLiteral(" SELECT NOTICESEQ FROM C_SCHOOLNOTICE ") +
-                                            QStringLiteral("  WHERE COMPANY = ") + company() +
-                                            QStringLiteral("    AND SCHOOLCD = ") + school +
-                                            QStringLiteral("    AND STARTDT <= ") + start +
-                                            QStringLiteral("    AND ENDDT >= ") + end +
-                                            QStringLiteral("  ORDER BY NOTICESEQ DESC"),
-                                        rs)) {
-            return;
-        }
-        QString sql;
-        if (!rs.eof()) {
-            sql = QStringLiteral(" UPDATE C_SCHOOLNOTICE SET STARTDT = ") + start +
-                  QStringLiteral(", ENDDT = ") + end + QStringLiteral(", NOTICE = ") +
-                  quoted(txtNotice->text()) + QStringLiteral("  WHERE COMPANY = ") + company() +
-                  QStringLiteral("    AND SCHOOLCD = ") + school +
-                  QStringLiteral("    AND NOTICESEQ = ") +
-                  quoted(rs.field(QStringLiteral("NOTICESEQ")));
-        } else {
-            // The next number of the school, in three digits.
-            const QString next =
-                QStringLiteral("(SELECT RTRIM(") +
-                dialect().cat(
-                    {QStringLiteral("REPLICATE('0', 3 - LEN(ISNULL(MAX(NOTICESEQ),0)+1))"),
-                     QStringLiteral(" CAST(ISNULL(MAX(NOTICESEQ),0)+1 AS CHAR)")}) +
-                QStringLiteral(") FROM C_SCHOOLNOTICE WHERE COMPANY = ") + company() +
-                QStringLiteral(" AND SCHOOLCD = ") + school + QStringLiteral(")");
-            sql = QStringLiteral(" INSERT INTO C_SCHOOLNOTICE (COMPANY, SCHOOLCD, NOTICESEQ, "
-                                 "STARTDT, ENDDT, NOTICE) "
-                                 "VALUES (") +
-                  company() + QStringLiteral(", ") + school + QStringLiteral(", ") + next +
-                  QStringLiteral(", ") + start + QStringLiteral(", ") + end + QStringLiteral(", ") +
-                  quoted(txtNotice->text()) + QStringLiteral(")");
-        }
-        if (gfbSqlExecuteDB(sql)) {
-            tx.commit();
-        }
-    } catch (const DbError& error) {
-        gsErrorLog(error, objectName() + QStringLiteral(" : sSaveQuery"), QString());
-        gsFlushErrorLog();
-    }
+    gfTrap(
+        objectName() + QStringLiteral(" : sSaveQuery"),
+        [&] {
+            Transaction tx;
+            RecordSet rs;
+            if (!tx.ok() ||
+                !gfbSqlSelectDB(QStringLiteral(" SELECT NOTICESEQ FROM C_SCHOOLNOTICE ") +
+                                    QStringLiteral("  WHERE COMPANY = ") + company() +
+                                    QStringLiteral("    AND SCHOOLCD = ") + school +
+                                    QStringLiteral("    AND STARTDT <= ") + start +
+                                    QStringLiteral("    AND ENDDT >= ") + end +
+                                    QStringLiteral("  ORDER BY NOTICESEQ DESC"),
+                                rs)) {
+                return;
+            }
+            QString sql;
+            if (!rs.eof()) {
+                sql = QStringLiteral(" UPDATE C_SCHOOLNOTICE SET STARTDT = ") + start +
+                      QStringLiteral(", ENDDT = ") + end + QStringLiteral(", NOTICE = ") +
+                      quoted(txtNotice->text()) + QStringLiteral("  WHERE COMPANY = ") + company() +
+                      QStringLiteral("    AND SCHOOLCD = ") + school +
+                      QStringLiteral("    AND NOTICESEQ = ") +
+                      quoted(rs.field(QStringLiteral("NOTICESEQ")));
+            } else {
+                // The next number of the school, in three digits.
+                const QString next =
+                    QStringLiteral("(SELECT RTRIM(") +
+                    dialect().cat(
+                        {QStringLiteral("REPLICATE('0', 3 - LEN(ISNULL(MAX(NOTICESEQ),0)+1))"),
+                         QStringLiteral(" CAST(ISNULL(MAX(NOTICESEQ),0)+1 AS CHAR)")}) +
+                    QStringLiteral(") FROM C_SCHOOLNOTICE WHERE COMPANY = ") + company() +
+                    QStringLiteral(" AND SCHOOLCD = ") + school + QStringLiteral(")");
+                sql = QStringLiteral(" INSERT INTO C_SCHOOLNOTICE (COMPANY, SCHOOLCD, NOTICESEQ, "
+                                     "STARTDT, ENDDT, NOTICE) "
+                                     "VALUES (") +
+                      company() + QStringLiteral(", ") + school + QStringLiteral(", ") + next +
+                      QStringLiteral(", ") + start + QStringLiteral(", ") + end +
+                      QStringLiteral(", ") + quoted(txtNotice->text()) + QStringLiteral(")");
+            }
+            if (gfbSqlExecuteDB(sql)) {
+                tx.commit();
+            }
+        },
+        true);
 }
