@@ -10,16 +10,20 @@ class Statements : public TestDb {
 protected:
     void SetUp() override {
         TestDb::SetUp();
-        exec(QStringLiteral("CREATE TABLE ITEMS (CODE TEXT COLLATE RTRIM, NAME TEXT COLLATE RTRIM, QTY INTEGER)"));
+        exec(QStringLiteral(
+            "CREATE TABLE ITEMS (CODE TEXT COLLATE RTRIM, NAME TEXT COLLATE RTRIM, QTY INTEGER)"));
     }
-    qint64 traces() { return scalarUpdate(QStringLiteral("SELECT COUNT(*) FROM SQLTEXT")).toLongLong(); }
+    qint64 traces() {
+        return scalarUpdate(QStringLiteral("SELECT COUNT(*) FROM SQLTEXT")).toLongLong();
+    }
 };
 
 TEST_F(Statements, selectGivesExactCountFieldsByNameAndWalksBothWays) {
     exec(QStringLiteral("INSERT INTO ITEMS VALUES ('A', '동복 자켓', 3), ('B', NULL, 5)"));
     RecordSet rs;
     qint64 count = -1;
-    ASSERT_TRUE(gfbSqlSelectDB(QStringLiteral("SELECT CODE, NAME, QTY FROM ITEMS ORDER BY CODE"), rs, count));
+    ASSERT_TRUE(gfbSqlSelectDB(QStringLiteral("SELECT CODE, NAME, QTY FROM ITEMS ORDER BY CODE"),
+                               rs, count));
     EXPECT_EQ(count, 2);
     EXPECT_EQ(rs.field(QStringLiteral("name")), QStringLiteral("동복 자켓"));
     rs.moveLast();
@@ -53,9 +57,11 @@ TEST_F(Statements, executeTracesFirstWithBackQuotesAndStoresTextAsTyped) {
     EXPECT_EQ(affected, 1);
     EXPECT_EQ(scalar(QStringLiteral("SELECT NAME FROM ITEMS WHERE CODE = 'X'")), typed);
     const QString trace = scalarUpdate(QStringLiteral("SELECT SQLTEXT FROM SQLTEXT"));
-    EXPECT_TRUE(trace.contains(QStringLiteral("`O``Brien``); DROP TABLE ITEMS; --`"))) << trace.toStdString();
+    EXPECT_TRUE(trace.contains(QStringLiteral("`O``Brien``); DROP TABLE ITEMS; --`")))
+        << trace.toStdString();
     EXPECT_FALSE(trace.contains(QLatin1Char('\'')));
-    EXPECT_EQ(scalarUpdate(QStringLiteral("SELECT LENGTH(REGDTTM) FROM SQLTEXT")), QStringLiteral("19"));
+    EXPECT_EQ(scalarUpdate(QStringLiteral("SELECT LENGTH(REGDTTM) FROM SQLTEXT")),
+              QStringLiteral("19"));
 }
 
 TEST_F(Statements, failingStatementIsTracedShownAndLogged) {
@@ -64,7 +70,8 @@ TEST_F(Statements, failingStatementIsTracedShownAndLogged) {
     ASSERT_EQ(presenter->boxes.size(), 1);
     EXPECT_EQ(presenter->boxes[0].title, QStringLiteral("경  고"));
     EXPECT_TRUE(presenter->boxes[0].text.contains(QStringLiteral("NO_SUCH_TABLE")));
-    EXPECT_EQ(scalar(QStringLiteral("SELECT ERRPROG FROM C_ERROR")), QStringLiteral("basDatabase : gfbSqlExecuteDB"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT ERRPROG FROM C_ERROR")),
+              QStringLiteral("basDatabase : gfbSqlExecuteDB"));
     EXPECT_EQ(scalar(QStringLiteral("SELECT ERROTHER FROM C_ERROR")),
               QStringLiteral("INSERT INTO NO_SUCH_TABLE VALUES (`it``s`) "));
     EXPECT_EQ(endedWith, -1);
@@ -95,7 +102,8 @@ TEST_F(Statements, failureInsideATransactionKeepsItsLogRowAfterTheRollback) {
         EXPECT_FALSE(gfbSqlExecuteDB(QStringLiteral("INSERT INTO NO_SUCH_TABLE VALUES (1)")));
     }
     EXPECT_EQ(count(QStringLiteral("ITEMS")), 0);
-    EXPECT_EQ(count(QStringLiteral("C_ERROR"), QStringLiteral("ERROTHER LIKE '%NO_SUCH_TABLE%'")), 1);
+    EXPECT_EQ(count(QStringLiteral("C_ERROR"), QStringLiteral("ERROTHER LIKE '%NO_SUCH_TABLE%'")),
+              1);
 }
 
 TEST_F(Statements, saveWorksWithoutTraceWhenUpdateDatabaseIsGone) {
@@ -122,14 +130,35 @@ TEST_F(Statements, statementPastTheTimeLimitFailsThroughTheTrap) {
     RecordSet rs;
     qint64 n = 0;
     EXPECT_FALSE(gfbSqlSelectDB(
-        QStringLiteral("WITH RECURSIVE N(I) AS (SELECT 1 UNION ALL SELECT I + 1 FROM N) SELECT MAX(I) FROM N"), rs, n));
+        QStringLiteral(
+            "WITH RECURSIVE N(I) AS (SELECT 1 UNION ALL SELECT I + 1 FROM N) SELECT MAX(I) FROM N"),
+        rs, n));
     ASSERT_EQ(presenter->boxes.size(), 1);
-    EXPECT_TRUE(presenter->boxes[0].text.contains(QStringLiteral("timeout"))) << presenter->boxes[0].text.toStdString();
+    EXPECT_TRUE(presenter->boxes[0].text.contains(QStringLiteral("timeout")))
+        << presenter->boxes[0].text.toStdString();
     session().gDb->setStatementTimeout(90);
-    EXPECT_TRUE(scalar(QStringLiteral("SELECT ERRMSG FROM C_ERROR")).contains(QStringLiteral("timeout")));
-    EXPECT_EQ(scalar(QStringLiteral("SELECT ERRPROG FROM C_ERROR")), QStringLiteral("basDatabase : gfbSqlSelectDB"));
+    EXPECT_TRUE(
+        scalar(QStringLiteral("SELECT ERRMSG FROM C_ERROR")).contains(QStringLiteral("timeout")));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT ERRPROG FROM C_ERROR")),
+              QStringLiteral("basDatabase : gfbSqlSelectDB"));
 }
 
 TEST_F(Statements, serverDateIsEightDigits) {
     EXPECT_EQ(gfRdoGetDbSysDate(), QDate::currentDate().toString(QStringLiteral("yyyyMMdd")));
+}
+
+TEST(RecordSetTest, emptySetAndNamesWithoutCase) {
+    RecordSet empty(QStringList{QStringLiteral("Code")});
+    EXPECT_TRUE(empty.eof());
+    EXPECT_TRUE(empty.bof());
+    EXPECT_EQ(empty.recordCount(), 0);
+    EXPECT_THROW(empty.field(QStringLiteral("CODE")), DbError);
+
+    RecordSet rs(QStringList{QStringLiteral("Code"), QStringLiteral("NAME")});
+    rs.appendRow({QStringLiteral("01")}); // a short row reads its missing fields as ""
+    EXPECT_EQ(rs.fieldIndex(QStringLiteral("code")), 0);
+    EXPECT_EQ(rs.fieldIndex(QStringLiteral("nope")), -1);
+    EXPECT_EQ(rs.field(QStringLiteral("CODE")), QStringLiteral("01"));
+    EXPECT_EQ(rs.field(QStringLiteral("name")), QString());
+    EXPECT_THROW(rs.field(QStringLiteral("NOPE")), DbError);
 }

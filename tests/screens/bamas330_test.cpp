@@ -1,9 +1,11 @@
 // The stock report on a line counted by hand, through the screen's own buttons.
 #include "screenfixture.h"
 
+#include "data/dbroutines.h"
 #include "data/dialect.h"
 #include "grid/spreadroutines.h"
 #include "screens/stock/BAMAS330.h"
+#include "screens/stock/sizeheadings.h"
 
 #include <QComboBox>
 #include <QPushButton>
@@ -122,4 +124,48 @@ TEST_F(Bamas330, theServerTextCarriesNoSqliteSpelling) {
     EXPECT_TRUE(sql.contains(QStringLiteral("S_ORDERHEAD OH  WITH(NOLOCK)")));
     EXPECT_TRUE(sql.contains(QStringLiteral("CONVERT(CHAR(2), RTRIM(UF.UNIFORMSEQ))")));
     EXPECT_TRUE(sql.contains(QStringLiteral("CONVERT(CHAR(8), GETDATE(), 112)")));
+}
+
+TEST_F(Bamas330, contractClassAndSeasonNarrowOnlyTheSchoolLines) {
+    // A joint-purchase contract for 한빛중 in the screen's year, and a summer item nobody stocks.
+    exec(QStringLiteral(
+             "INSERT INTO C_G2B (COMPANY, YYYY, SEASON, BRANDCD, SCHOOLCD, STARTDT, ENDDT) VALUES "
+             "('01', '") +
+         screen->currentYear() +
+         QStringLiteral("', 'N', '01', '001', '2000-01-01', '2100-12-31')"));
+    StockFilter filter = screen->currentFilter();
+    filter.contractRow = 2; // schools without a contract: 한빛중 drops out
+    RecordSet rs;
+    ASSERT_TRUE(gfbSqlSelectDB(stockStatement(filter, StockReport::Split, dialect()), rs));
+    EXPECT_EQ(rs.recordCount(), 0);
+    filter.contractRow = 3; // schools with one: 한빛중 stays
+    ASSERT_TRUE(gfbSqlSelectDB(stockStatement(filter, StockReport::Split, dialect()), rs));
+    EXPECT_EQ(rs.recordCount(), 1);
+    filter.contractRow = 0;
+    filter.season = QStringLiteral("S"); // a winter jacket is neither summer nor all-season
+    ASSERT_TRUE(gfbSqlSelectDB(stockStatement(filter, StockReport::Split, dialect()), rs));
+    EXPECT_EQ(rs.recordCount(), 0);
+    exec(QStringLiteral("UPDATE C_UNIFORM SET SEASON = 'A' WHERE UNIFORMSEQ = '01'; "
+                        "UPDATE C_SCHOOLUNIFORM SET SEASON = 'A' WHERE UNIFORMSEQ = '01'"));
+    exec(QStringLiteral(
+        "UPDATE T_BASSTOCKQTY SET UNIFORMCD = 'AB01'; UPDATE T_INBOUND SET UNIFORMCD = 'AB01'"));
+    ASSERT_TRUE(gfbSqlSelectDB(stockStatement(filter, StockReport::Split, dialect()), rs));
+    EXPECT_EQ(rs.recordCount(), 1); // all-season items stay in under any season
+}
+
+TEST_F(Bamas330, theOldestShirtLabelsOfTheLastFourYearsHeadTheGrid) {
+    exec(QStringLiteral(
+        "INSERT INTO C_BRANDSIZE (COMPANY, BRANDCD, YYYY, TEENSCOPE, SIZETAB, C01) VALUES "
+        "('01', '01', '2021', 'H', 'J', 'S'), ('01', '01', '2023', 'H', 'J', 'M')"));
+    QList<SizeHeadingRow> rows;
+    ASSERT_TRUE(
+        readSizeHeadings(QStringLiteral("01"), QStringLiteral("01"), QStringLiteral("H"), rows));
+    ASSERT_EQ(rows.size(), 3);
+    EXPECT_EQ(rows[0].sizeTab + rows[0].labels.value(0),
+              QStringLiteral("JS")); // 2021: oldest after 2020
+    EXPECT_EQ(rows[1].sizeTab + rows[1].labels.value(0), QStringLiteral("X95"));
+    EXPECT_EQ(rows[2].sizeTab + rows[2].labels.value(0), QStringLiteral("JM"));
+    ASSERT_TRUE(
+        readSizeHeadings(QStringLiteral("01"), QStringLiteral("01"), QStringLiteral("L"), rows));
+    EXPECT_EQ(rows.size(), 0); // the Kids range has no labels in the year in force
 }

@@ -56,11 +56,13 @@ protected:
 
 TEST_F(MainWindow, classSSeesEveryProgramInUseFullyOpen) {
     QTreeWidget* tree = mainWindow()->tree();
-    EXPECT_EQ(treeTexts(tree), (QStringList{QStringLiteral("기준정보"), QStringLiteral("조직관리"),
-                                            QStringLiteral("(105)매장등록"), QStringLiteral("(170)브랜드등록"),
-                                            QStringLiteral("재고관리"), QStringLiteral("(310)발주관리")}));
+    EXPECT_EQ(treeTexts(tree),
+              (QStringList{QStringLiteral("기준정보"), QStringLiteral("조직관리"),
+                           QStringLiteral("(105)매장등록"), QStringLiteral("(170)브랜드등록"),
+                           QStringLiteral("재고관리"), QStringLiteral("(310)발주관리")}));
     EXPECT_TRUE(node(tree, QStringLiteral("M300"))->isExpanded());
-    EXPECT_EQ(node(tree, QStringLiteral("BAMAS105"))->data(0, Qt::UserRole + 1).toString(), QStringLiteral("P"));
+    EXPECT_EQ(node(tree, QStringLiteral("BAMAS105"))->data(0, Qt::UserRole + 1).toString(),
+              QStringLiteral("P"));
     EXPECT_TRUE(presenter->boxes.isEmpty());
 }
 
@@ -71,8 +73,8 @@ TEST_F(MainWindow, otherUserSeesOnlyRightsRowsAndGoneProgramsDrop) {
     // right row of its own.
     exec(QStringLiteral("UPDATE C_USER_AUTH SET PROGID = 'M300' WHERE PROGID = 'BAMAS315'"));
     EXPECT_EQ(treeTexts(mainWindow()->tree()),
-              (QStringList{QStringLiteral("기준정보"), QStringLiteral("조직관리"), QStringLiteral("(105)매장등록"),
-                           QStringLiteral("재고관리")}));
+              (QStringList{QStringLiteral("기준정보"), QStringLiteral("조직관리"),
+                           QStringLiteral("(105)매장등록"), QStringLiteral("재고관리")}));
 }
 
 TEST_F(MainWindow, noRightsShowsMessage15AndAnEmptyTree) {
@@ -80,7 +82,8 @@ TEST_F(MainWindow, noRightsShowsMessage15AndAnEmptyTree) {
     session().gsUserClass = QString();
     EXPECT_EQ(mainWindow()->tree()->topLevelItemCount(), 0);
     ASSERT_EQ(presenter->boxes.size(), 1);
-    EXPECT_TRUE(presenter->boxes[0].text.startsWith(QStringLiteral("사용 등록된 프로그램이 없습니다.")));
+    EXPECT_TRUE(
+        presenter->boxes[0].text.startsWith(QStringLiteral("사용 등록된 프로그램이 없습니다.")));
 }
 
 TEST_F(MainWindow, unknownNumberClearsTheBoxAndASecondOpenRaisesTheSameScreen) {
@@ -156,10 +159,11 @@ TEST_F(MainWindow, toolBarsAndMenuTwinsReachTheActiveScreen) {
     window->gsToolBarClick(MAINMDI::TobToolBar1, QStringLiteral("Search"));
     window->menuAction(QStringLiteral("mnuSave"))->trigger();
     window->menuAction(QStringLiteral("mnuDelete"))->trigger();
-    window->menuAction(QStringLiteral("mnuExcel"))->trigger(); // presses "Preview", though it is off
+    window->menuAction(QStringLiteral("mnuExcel"))
+        ->trigger(); // presses "Preview", though it is off
     window->menuAction(QStringLiteral("mnuPrint"))->trigger(); // off with its button: nothing
-    EXPECT_EQ(screen->calls, (QStringList{QStringLiteral("Search"), QStringLiteral("Save"), QStringLiteral("Delete"),
-                                          QStringLiteral("Print2")}));
+    EXPECT_EQ(screen->calls, (QStringList{QStringLiteral("Search"), QStringLiteral("Save"),
+                                          QStringLiteral("Delete"), QStringLiteral("Print2")}));
     registerScreenFactory(QStringLiteral("BAMAS105"), {});
     registerScreens();
 }
@@ -213,4 +217,22 @@ TEST_F(MainWindow, restartShowsItsBoxAndDoesNothingElse) {
     mainWindow()->menuAction(QStringLiteral("mnuprocRestart"))->trigger();
     ASSERT_EQ(presenter->boxes.size(), 1);
     EXPECT_EQ(presenter->boxes[0].text, QStringLiteral("TODO : ProcStart 코딩"));
+}
+
+TEST_F(MainWindow, aProgramUnderAMissingMenuGoesToTheTrap) {
+    exec(QStringLiteral("UPDATE PROGLIST SET UPPROGID = 'M999' WHERE PROGID = 'BAMAS310'"));
+    mainWindow();
+    EXPECT_EQ(scalar(QStringLiteral("SELECT ERRPROG FROM C_ERROR")),
+              QStringLiteral("MAINMDI : Menu_Display"));
+    EXPECT_GE(main->tree()->topLevelItemCount(), 1); // what came before the fault stays
+}
+
+TEST_F(MainWindow, withoutACompanyTheBarsAndTheBoxCloseTheWindowSilently) {
+    MAINMDI* window = mainWindow();
+    session().gsCompany = QStringLiteral("  ");
+    window->programBox()->setText(QStringLiteral("105"));
+    window->cmdRun_Click();
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_TRUE(presenter->boxes.isEmpty()); // message 9 has no text
+    EXPECT_TRUE(window->mdiArea()->subWindowList().isEmpty());
 }
