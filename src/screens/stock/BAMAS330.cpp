@@ -4,7 +4,10 @@
 #include "data/dialect.h"
 #include "data/session.h"
 #include "data/sqlvalue.h"
+#include "data/waitcursor.h"
 #include "grid/excelexport.h"
+#include "grid/numerictext.h"
+#include "grid/spreadmodel.h"
 #include "grid/spreadroutines.h"
 #include "screens/stock/sizeheadings.h"
 #include "shell/codecontrols.h"
@@ -14,7 +17,6 @@
 #include <QDateEdit>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -87,8 +89,8 @@ void BAMAS330::setupScreen() {
     cboGT28->setItemText(0, QStringLiteral("주부품목"));
     gsReadCode(cboGT25, m_gt25, QStringLiteral("GT25"));
     gsReadCode(cboGT29, m_gt29, QStringLiteral("GT29"));
-    refillUniforms();
-    refillSchools();
+    fillSchools();
+    fillUniforms();
 }
 
 QWidget* BAMAS330::buildStockTab() {
@@ -187,16 +189,15 @@ QWidget* BAMAS330::buildStockTab() {
     column->addWidget(SP31, 1);
 
     connect(cboBrand, &QComboBox::currentIndexChanged, this, [this] { cboBrand_Click(); });
-    connect(cboStore, &QComboBox::currentIndexChanged, this, [this] {
-        refillSchools();
-        refillUniforms();
+    // The store and the filters that narrow the school list all re-enter the store's handler.
+    for (QComboBox* filter : {cboStore, cboGT22, cboGT23, cboGT25, cboGT29}) {
+        connect(filter, &QComboBox::currentIndexChanged, this, [this] { cboStore_Click(); });
+    }
+    connect(cboGT28, &QComboBox::currentIndexChanged, this, [this] {
+        if (mbLoaded) {
+            fillUniforms();
+        }
     });
-    for (QComboBox* filter : {cboGT22, cboGT23, cboGT25, cboGT29}) {
-        connect(filter, &QComboBox::currentIndexChanged, this, [this] { refillSchools(); });
-    }
-    for (QComboBox* filter : {cboGT22, cboGT23, cboGT28}) {
-        connect(filter, &QComboBox::currentIndexChanged, this, [this] { refillUniforms(); });
-    }
     return tab;
 }
 
@@ -207,10 +208,15 @@ void BAMAS330::cboBrand_Click() {
     gsReadCode(cboStore, m_store, QStringLiteral("BRDSTORE"), gfComboCode(cboBrand, m_brand));
 }
 
-void BAMAS330::refillSchools() {
-    if (!mbLoaded && cboSchool->count() > 0) {
+void BAMAS330::cboStore_Click() {
+    if (!mbLoaded || SSTab1->currentIndex() != 1) {
         return;
     }
+    fillSchools();
+    fillUniforms();
+}
+
+void BAMAS330::fillSchools() {
     guarded(QStringLiteral("cboStore_Click"), [this] {
         const QString nl = dialect().nolock();
         QString sql =
@@ -266,18 +272,40 @@ void BAMAS330::refillSchools() {
     });
 }
 
-void BAMAS330::refillUniforms() {
-    if (!mbLoaded && cboUniform->count() > 0) {
-        return;
-    }
+void BAMAS330::fillUniforms() {
     guarded(QStringLiteral("cboUniform_Fill"), [this] {
         const Dialect& d = dialect();
+        const QString nl = d.nolock();
         QString sql = QStringLiteral(" SELECT DISTINCT UN.UNIFORMNAME, ") +
                       d.cat({QStringLiteral("RTRIM(UN.SEASON)"), QStringLiteral("RTRIM(UN.DIVIDE)"),
                              d.toChar(QStringLiteral("RTRIM(UN.UNIFORMSEQ)"), 2)}) +
-                      QStringLiteral(" CD, UN.SUBMAIN, UN.UNITYPE FROM C_UNIFORM UN ") +
-                      d.nolock() + QStringLiteral(" WHERE UN.COMPANY = ") + company() +
+                      QStringLiteral(" CD, UN.SUBMAIN, UN.UNITYPE FROM C_UNIFORM UN ") + nl +
+                      QStringLiteral(" WHERE UN.COMPANY = ") + company() +
                       QStringLiteral(" AND UN.UNIFORMCOMSEQ = '' AND UN.USEYN = 'Y'");
+        // Only the items that the schools of the chosen store (brand, level) offer.
+        QString schools =
+            QStringLiteral(" AND EXISTS (SELECT 1 FROM C_SCHOOLUNIFORM SU %1, C_STORESCHOOL SS %1, "
+                           "C_STORE ST %1, C_SCHOOL SC %1 WHERE SU.COMPANY = UN.COMPANY "
+                           "AND SU.SEASON = UN.SEASON AND SU.DIVIDE = UN.DIVIDE "
+                           "AND SU.UNIFORMSEQ = UN.UNIFORMSEQ AND SU.UNIFORMCOMSEQ = '' "
+                           "AND SU.USEYN = 'Y' AND SS.COMPANY = SU.COMPANY "
+                           "AND SS.SCHOOLCD = SU.SCHOOLCD AND SS.USEYN = 'Y' "
+                           "AND ST.COMPANY = SS.COMPANY AND ST.STORECD = SS.STORECD "
+                           "AND SC.COMPANY = SS.COMPANY AND SC.SCHOOLCD = SS.SCHOOLCD")
+                .arg(nl);
+        const int level = cboGT25->currentIndex();
+        if (level >= 1 && level <= 3) {
+            schools += QStringLiteral(" AND SC.SCHOOLLEVEL IN ('%1')").arg(level);
+        }
+        if (cboStore->currentIndex() > 0) {
+            schools +=
+                QStringLiteral(" AND ST.STORECD = ") + quoted(gfComboCode(cboStore, m_store));
+        }
+        if (cboBrand->currentIndex() > 0) {
+            schools +=
+                QStringLiteral(" AND ST.BRANDCD = ") + quoted(gfComboCode(cboBrand, m_brand));
+        }
+        sql += schools + QStringLiteral(")");
         if (cboGT28->currentIndex() > 0) {
             sql += QStringLiteral(" AND UN.SUBMAIN IN (") + quoted(gfComboCode(cboGT28, m_gt28)) +
                    QStringLiteral(")");
@@ -333,11 +361,11 @@ StockFilter BAMAS330::currentFilter() const {
 }
 
 void BAMAS330::colourButtons(QPushButton* active) {
+    // An empty style sheet gives the button back the system's button colour.
+    const QString lit = QStringLiteral("background: %1;").arg(spreadColor(kActiveButton).name());
     for (QPushButton* button : {cmdViewSale[0], cmdViewSale[1], cmdViewSale[2], cmdExcel}) {
-        button->setStyleSheet(button == active ? QStringLiteral("background: #C0FFC0;")
-                                               : QString());
+        button->setStyleSheet(button == active ? lit : QString());
     }
-    Q_UNUSED(kActiveButton)
 }
 
 void BAMAS330::cmdViewSale_Click(StockReport report) {
@@ -346,6 +374,7 @@ void BAMAS330::cmdViewSale_Click(StockReport report) {
     }
     colourButtons(cmdViewSale[int(report)]);
     guarded(QStringLiteral("sSelectQuery"), [this, report] {
+        const WaitCursor wait;
         const StockFilter filter = currentFilter();
         QList<SizeHeadingRow> headings;
         if (!readSizeHeadings(cboStore->currentIndex() > 0 ? filter.store : QString(), filter.brand,
@@ -355,13 +384,13 @@ void BAMAS330::cmdViewSale_Click(StockReport report) {
             return;
         }
         SP31->setRedraw(false);
-        SP31->setMaxRows(0);
         writeSizeHeadings(SP31, headings,
                           {QStringLiteral(" "), QStringLiteral("매장"), QStringLiteral("학교"),
                            QStringLiteral("성별"), QStringLiteral("복종"), QStringLiteral("년식"),
                            QStringLiteral("합계")},
                           {QStringLiteral("최종등록일")});
         SP31->setRedraw(true);
+        // A failed statement leaves the rows of the last report standing.
         RecordSet rs;
         if (!gfbSqlSelectDB(stockStatement(filter, report, dialect()), rs)) {
             return;
@@ -372,6 +401,7 @@ void BAMAS330::cmdViewSale_Click(StockReport report) {
 
 void BAMAS330::fillReport(const RecordSet& rs) {
     SP31->setRedraw(false);
+    SP31->setMaxRows(0);
     SP31->setMaxRows(int(rs.recordCount()));
     for (qsizetype r = 0; r < rs.recordCount(); ++r) {
         // Field i goes to column i + 1: the last field (the date of the last correction) falls
@@ -386,26 +416,25 @@ void BAMAS330::fillReport(const RecordSet& rs) {
     SP31->setRedraw(true);
 }
 
+// Each size cell is rewritten grouped ("##,###": a zero stays blank) and added up; the total
+// shows a zero ("##,##0").
 void BAMAS330::totals() {
-    const QLocale locale(QLocale::English);
     for (int row = 1; row <= SP31->maxRows(); ++row) {
         qint64 sum = 0;
         for (int col = ColFirstSize; col <= ColLastSize; ++col) {
-            const QString text = gfSpreadText(SP31, row, col).remove(QLatin1Char(','));
-            if (text.isEmpty()) {
+            double value = 0;
+            if (!gfIsNumeric(gfSpreadText(SP31, row, col), &value)) {
                 continue;
             }
-            const qint64 value = text.toLongLong();
-            sum += value;
-            gsSpreadSetText(SP31, row, col, value == 0 ? QString() : locale.toString(value), kRed,
+            sum += qint64(value);
+            gsSpreadSetText(SP31, row, col, value == 0 ? QString() : formatGrouped(value, 0), kRed,
                             QString(), QStringLiteral("N"));
         }
-        gsSpreadSetText(SP31, row, ColTotal, locale.toString(sum), kRed);
+        gsSpreadSetText(SP31, row, ColTotal, formatGrouped(double(sum), 0), kRed);
     }
 }
 
 void BAMAS330::cmdExcel_Click() {
-    colourButtons(nullptr);
     gsExcelExport(
         QStringLiteral("시즌 : ") +
             (cboGT22->currentIndex() > 0 ? m_gt22.name(cboGT22->currentIndex()) : QString()) +

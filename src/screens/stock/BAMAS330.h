@@ -31,8 +31,11 @@ protected:
 private:
     QWidget* buildStockTab();
     void cboBrand_Click();
-    void refillSchools();
-    void refillUniforms();
+    // The store's handler, which the school-narrowing filters re-enter: refills the school and
+    // item lists while tab 1 shows.
+    void cboStore_Click();
+    void fillSchools();
+    void fillUniforms();
     void colourButtons(QPushButton* active);
     void fillReport(const RecordSet& rs);
     void totals();
