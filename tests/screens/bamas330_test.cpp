@@ -3,12 +3,15 @@
 
 #include "data/dbroutines.h"
 #include "data/dialect.h"
+#include "data/sqlitedatabase.h"
 #include "grid/spreadroutines.h"
 #include "screens/stock/BAMAS330.h"
 #include "screens/stock/sizeheadings.h"
 
 #include <QComboBox>
 #include <QPushButton>
+
+#include <sqlite3.h>
 
 class Bamas330 : public ScreenTest {
 protected:
@@ -51,8 +54,9 @@ TEST_F(Bamas330, yearSplitShowsTheLineCountedByHand) {
     EXPECT_EQ(screen->currentFilter().yearTo, QStringLiteral("2024"));
     press("cmdViewSale1");
     // Size 95: opening 5 twice (two receipt rows) + 2 received + 2 from the two corrections
-    // - (3 sold less 1 unsecured reservation) = 12. Size 90: opening 2 twice - 1 (two equal
-    // transfers count once) - 4 corrected = -1. Every other line is zero and hidden.
+    // - (3 sold less 1 unsecured reservation) = 12; the sale of size "999" lands nowhere. Size
+    // 90: opening 2 twice - 1 (two equal transfers count once) - 4 corrected = -1. Every other
+    // line is zero and hidden, 한빛초's received-and-sent jacket included.
     ASSERT_EQ(grid->maxRows(), 1);
     EXPECT_EQ(row(1, 2, 6),
               (QStringList{QStringLiteral("강남점"), QStringLiteral("한빛중"), QStringLiteral("남"),
@@ -63,6 +67,8 @@ TEST_F(Bamas330, yearSplitShowsTheLineCountedByHand) {
     EXPECT_EQ(gfSpreadText(grid, 1, 33),
               QStringLiteral("2022")); // the model year under the last heading
     EXPECT_EQ(grid->model()->foreColor(1, 9), 255u);
+    EXPECT_EQ(grid->model()->foreColor(1, 10), 0u);
+    EXPECT_EQ(grid->frozenCols(), 7);
     // Heading rows: the brand's year in force is 2023, which has labels for X only; the shirt
     // labels of 2020 lie outside the last four years of the store's 2024.
     EXPECT_EQ(grid->headRows(), 1);
@@ -147,8 +153,8 @@ TEST_F(Bamas330, contractClassAndSeasonNarrowOnlyTheSchoolLines) {
     EXPECT_EQ(rs.recordCount(), 0);
     exec(QStringLiteral("UPDATE C_UNIFORM SET SEASON = 'A' WHERE UNIFORMSEQ = '01'; "
                         "UPDATE C_SCHOOLUNIFORM SET SEASON = 'A' WHERE UNIFORMSEQ = '01'"));
-    exec(QStringLiteral(
-        "UPDATE T_BASSTOCKQTY SET UNIFORMCD = 'AB01'; UPDATE T_INBOUND SET UNIFORMCD = 'AB01'"));
+    exec(QStringLiteral("UPDATE T_BASSTOCKQTY SET UNIFORMCD = 'AB01'; "
+                        "UPDATE T_INBOUND SET UNIFORMCD = 'AB01' WHERE SCHOOLCD = '001'"));
     ASSERT_TRUE(gfbSqlSelectDB(stockStatement(filter, StockReport::Split, dialect()), rs));
     EXPECT_EQ(rs.recordCount(), 1); // all-season items stay in under any season
 }
@@ -168,4 +174,65 @@ TEST_F(Bamas330, theOldestShirtLabelsOfTheLastFourYearsHeadTheGrid) {
     ASSERT_TRUE(
         readSizeHeadings(QStringLiteral("01"), QStringLiteral("01"), QStringLiteral("L"), rows));
     EXPECT_EQ(rows.size(), 0); // the Kids range has no labels in the year in force
+}
+
+namespace {
+void midsummer2025(sqlite3_context* ctx, int, sqlite3_value**) {
+    sqlite3_result_text(ctx, "2025-06-15 10:00:00.000", -1, SQLITE_STATIC);
+}
+} // namespace
+
+TEST_F(Bamas330, carryOverSplitsAtTheServersCalendarYearNotTheStores) {
+    // The server's clock says 2025 while the store still works in 2024.
+    auto* db = dynamic_cast<SqliteDatabase*>(&gDb());
+    ASSERT_NE(db, nullptr);
+    sqlite3_create_function(db->handle(), "GETDATE", 0, SQLITE_UTF8, nullptr, midsummer2025,
+                            nullptr, nullptr);
+    exec(QStringLiteral(
+        "INSERT INTO T_INBOUND (COMPANY, STORECD, INBOUNDDT, INBOUNDSEQ, SCHOOLCD, SUDIVIDE, "
+        "UNIFORMCD, INYYYY, I01, I02, INBOUNDGB) VALUES "
+        "('01', '01', '20240401', 1, '001', '1', 'NB01', '2023', 0, 3, 'B'), "
+        "('01', '01', '20240401', 2, '001', '1', 'NB01', '2025', 4, 0, 'B')"));
+    setYears(QStringLiteral("21"), QStringLiteral("25"));
+    press("cmdViewSale3");
+    ASSERT_EQ(grid->maxRows(), 2);
+    // 2025 stands by itself; 2022 and 2023 are summed by position under 2025 - 3.
+    EXPECT_EQ(row(1, 6, 10), (QStringList{QStringLiteral("5N"), QStringLiteral("4"),
+                                          QStringLiteral("X"), QStringLiteral("4"), QString()}));
+    EXPECT_EQ(gfSpreadText(grid, 1, 33), QStringLiteral("2025"));
+    EXPECT_EQ(row(2, 6, 10),
+              (QStringList{QStringLiteral("이월"), QStringLiteral("14"), QStringLiteral("X"),
+                           QStringLiteral("-1"), QStringLiteral("15")}));
+    EXPECT_EQ(gfSpreadText(grid, 2, 33), QStringLiteral("2022"));
+
+    press("cmdViewSale1"); // by year, newest first
+    ASSERT_EQ(grid->maxRows(), 3);
+    EXPECT_EQ(row(1, 6, 6) + row(2, 6, 6) + row(3, 6, 6),
+              (QStringList{QStringLiteral("5N"), QStringLiteral("3N"), QStringLiteral("2N")}));
+    // One school's lines read as one block: names merge down, the year column does not.
+    bool schoolMerged = false;
+    for (const auto& span : grid->model()->spans()) {
+        schoolMerged |= span.modelCol == 3 && span.rows == 3;
+    }
+    EXPECT_TRUE(schoolMerged);
+}
+
+TEST_F(Bamas330, theReportButtonShowsWhichViewStandsAndTheBrandPicksTheStores) {
+    press("cmdViewSale2");
+    auto* split = child<QPushButton>(screen, QStringLiteral("cmdViewSale1"));
+    auto* merged = child<QPushButton>(screen, QStringLiteral("cmdViewSale2"));
+    EXPECT_TRUE(merged->styleSheet().contains(QStringLiteral("#c0ffc0")));
+    EXPECT_TRUE(split->styleSheet().isEmpty());
+    press("cmdViewSale1");
+    EXPECT_TRUE(merged->styleSheet().isEmpty());
+
+    auto* brand = child<QComboBox>(screen, QStringLiteral("cboBrand"));
+    auto* store = child<QComboBox>(screen, QStringLiteral("cboStore"));
+    brand->setCurrentIndex(brand->findText(QStringLiteral("한결교복")));
+    ASSERT_EQ(store->count(), 2);
+    EXPECT_EQ(store->itemText(1), QStringLiteral("한결 역삼점"));
+    store->setCurrentIndex(1);
+    press("cmdViewSale1"); // a store without stock: headings, no rows
+    EXPECT_EQ(grid->maxRows(), 0);
+    EXPECT_EQ(gfSpreadText(grid, -1000, 2), QStringLiteral("매장"));
 }
