@@ -49,12 +49,14 @@ int main(int argc, char** argv) {
         generateDemoChain(gDb(), 1, kDemoBenchmarkScale);
     }
     RecordSet top;
-    gfbSqlSelectDB(QStringLiteral("SELECT OD.STORECD, ST.STORENAME, CB.BRANDNAME, COUNT(*) N FROM S_ORDERDETAIL OD "
-                                  "JOIN C_STORE ST ON ST.COMPANY = OD.COMPANY AND ST.STORECD = OD.STORECD "
-                                  "JOIN C_BRAND CB ON CB.COMPANY = ST.COMPANY AND CB.BRANDCD = ST.BRANDCD "
-                                  "WHERE OD.COMPANY = '01' GROUP BY OD.STORECD, ST.STORENAME, CB.BRANDNAME "
-                                  "ORDER BY N DESC LIMIT 1"),
-                   top);
+    gfbSqlSelectDB(
+        QStringLiteral(
+            "SELECT OD.STORECD, ST.STORENAME, CB.BRANDNAME, COUNT(*) N FROM S_ORDERDETAIL OD "
+            "JOIN C_STORE ST ON ST.COMPANY = OD.COMPANY AND ST.STORECD = OD.STORECD "
+            "JOIN C_BRAND CB ON CB.COMPANY = ST.COMPANY AND CB.BRANDCD = ST.BRANDCD "
+            "WHERE OD.COMPANY = '01' GROUP BY OD.STORECD, ST.STORENAME, CB.BRANDNAME "
+            "ORDER BY N DESC LIMIT 1"),
+        top);
     auto* screen = new BAMAS330;
     screen->load();
     choose(screen, "cboBrand", top.field(QStringLiteral("BRANDNAME")));
