@@ -168,14 +168,20 @@ QWidget* BAMAS330::buildStockTab() {
 
     SP31 = new Spread(tab);
     SP31->setObjectName(QStringLiteral("SP31"));
-    gsSpreadInit(SP31, QStringLiteral("굴림체"), 9, 18, 18, 0, 0xC0C0C0, 3, false, true);
+    gsSpreadInit(SP31, QStringLiteral("굴림체"), 10, 18, 18, 0, 0xC0C0C0, 3, false, true);
     gsSpreadColumn(SP31, ColKey, QStringLiteral(" "), 5, 0);
     const struct {
         int col;
         const char* heading;
         double width;
-    } fixed[] = {{ColStore, "매장", 10},   {ColSchool, "학교", 10}, {ColSex, "성별", 5},
-                 {ColUniform, "복종", 15}, {ColYear, "년식", 5},    {ColTotal, "합계", 6}};
+    } fixed[] = {{ColStore, "매장", 10},
+                 {ColSchool, "학교", 10},
+                 {ColSex, "성별", 5},
+                 // Wider than the old 15: the longest item names (10 and more Korean letters)
+                 // were cut off.
+                 {ColUniform, "복종", 21},
+                 {ColYear, "년식", 5},
+                 {ColTotal, "합계", 6}};
     for (const auto& f : fixed) {
         gsSpreadColumn(SP31, f.col, QString::fromUtf8(f.heading), 5, f.width, 0,
                        f.col == ColTotal ? QStringLiteral("R") : QStringLiteral("L"));
