@@ -65,11 +65,12 @@ void BAMAS330::setupScreen() {
     SSTab1->setCurrentIndex(1);
     contentLayout()->addWidget(SSTab1, 1);
 
+    // The screen's year: the latest year any store works in, else the server's, else ours.
     RecordSet rs;
-    const QString thisYear = QString::number(QDate::currentDate().year());
-    m_currentYear = thisYear;
-    if (gfbSqlSelectDB(QStringLiteral("SELECT ISNULL(MAX(CURRYYYY), ") + quoted(thisYear) +
-                           QStringLiteral(") FROM C_STORE  WHERE COMPANY = ") + company(),
+    m_currentYear = QString::number(QDate::currentDate().year());
+    if (gfbSqlSelectDB(QStringLiteral("SELECT ISNULL(MAX(CURRYYYY), LEFT(") +
+                           dialect().iso(QStringLiteral("GETDATE()")) +
+                           QStringLiteral(", 4)) FROM C_STORE  WHERE COMPANY = ") + company(),
                        rs) &&
         !rs.eof() && !rs.value(0).trimmed().isEmpty()) {
         m_currentYear = rs.value(0).trimmed();
