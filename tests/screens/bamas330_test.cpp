@@ -217,7 +217,7 @@ TEST_F(Bamas330, carryOverSplitsAtTheServersCalendarYearNotTheStores) {
     EXPECT_TRUE(schoolMerged);
 }
 
-TEST_F(Bamas330, theReportButtonShowsWhichViewStandsAndTheBrandPicksTheStores) {
+TEST_F(Bamas330, theReportButtonShowsWhichViewStandsAndTheListsFollowBrandAndStore) {
     press("cmdViewSale2");
     auto* split = child<QPushButton>(screen, QStringLiteral("cmdViewSale1"));
     auto* merged = child<QPushButton>(screen, QStringLiteral("cmdViewSale2"));
@@ -226,11 +226,17 @@ TEST_F(Bamas330, theReportButtonShowsWhichViewStandsAndTheBrandPicksTheStores) {
     press("cmdViewSale1");
     EXPECT_TRUE(merged->styleSheet().isEmpty());
 
+    // The item list follows the store's schools: 강남점's schools offer only the jacket (the
+    // shirt's one offer is stopped); the other brand's store has no schools at all.
+    auto* items = child<QComboBox>(screen, QStringLiteral("cboUniform"));
+    EXPECT_EQ(items->count(), 2);
     auto* brand = child<QComboBox>(screen, QStringLiteral("cboBrand"));
     auto* store = child<QComboBox>(screen, QStringLiteral("cboStore"));
     brand->setCurrentIndex(brand->findText(QStringLiteral("한결교복")));
     ASSERT_EQ(store->count(), 2);
     EXPECT_EQ(store->itemText(1), QStringLiteral("한결 역삼점"));
+    EXPECT_EQ(items->count(), 1);
+    EXPECT_EQ(child<QComboBox>(screen, QStringLiteral("cboSchool"))->count(), 1);
     store->setCurrentIndex(1);
     press("cmdViewSale1"); // a store without stock: headings, no rows
     EXPECT_EQ(grid->maxRows(), 0);

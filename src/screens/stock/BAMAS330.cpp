@@ -213,6 +213,8 @@ void BAMAS330::cboBrand_Click() {
         return;
     }
     gsReadCode(cboStore, m_store, QStringLiteral("BRDSTORE"), gfComboCode(cboBrand, m_brand));
+    // The refill puts the store back on row 0 without a signal: the school and item lists follow.
+    cboStore_Click();
 }
 
 void BAMAS330::cboStore_Click() {
