@@ -1,6 +1,7 @@
 #include "shell/screen.h"
 
 #include "data/database.h"
+#include "data/dbroutines.h"
 #include "data/messages.h"
 #include "data/session.h"
 #include "grid/inputhelpers.h"
@@ -97,6 +98,23 @@ void Screen::m_Close() {
 
 bool Screen::guarded(const QString& routine, const std::function<void()>& body, bool rollback) {
     return gfTrap(placeText(routine), body, rollback);
+}
+
+void Screen::deleteRow(const QString& key, int question, const QString& sql) {
+    if (key.isEmpty() || gfsMessage(question) != QStringLiteral("OK")) {
+        return;
+    }
+    guarded(
+        QStringLiteral("cmdDelete_Click"),
+        [this, &sql] {
+            Transaction tx;
+            if (!tx.ok() || !gfbSqlExecuteDB(sql) || !tx.commit()) {
+                return;
+            }
+            m_clear();
+            sSelectQuery();
+        },
+        true);
 }
 
 void Screen::closeEvent(QCloseEvent* event) {

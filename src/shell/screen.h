@@ -53,6 +53,9 @@ protected:
     // The routine's one error trap: runs body; an unexpected failure rolls back an open
     // transaction when asked, goes to gsErrorLog with the place text, and answers false.
     bool guarded(const QString& routine, const std::function<void()>& body, bool rollback = false);
+    // The delete command of a list screen: nothing without a key, the screen's question, the
+    // statement in a transaction, then the clear routine and the list again.
+    void deleteRow(const QString& key, int question, const QString& sql);
     // Panel 1: the screen's short notes.
     void setStatusNote(const QString& text);
     // A text box of the edit band: its control name, and its column's limit in bytes.

@@ -242,27 +242,9 @@ void BAMAS105::sSaveQuery() {
 }
 
 void BAMAS105::cmdDelete_Click() {
-    if (lblCode->text().isEmpty()) {
-        return;
-    }
-    if (gfsMessage(95) != QStringLiteral("OK")) {
-        return;
-    }
-    guarded(
-        QStringLiteral("cmdDelete_Click"),
-        [this] {
-            Transaction tx;
-            if (!tx.ok() ||
-                !gfbSqlExecuteDB(QStringLiteral(" DELETE FROM C_STORE ") +
-                                 QStringLiteral("  WHERE COMPANY = ") + company() +
-                                 QStringLiteral("    AND STORECD = ") + quoted(lblCode->text())) ||
-                !tx.commit()) {
-                return;
-            }
-            clearFields();
-            sSelectQuery();
-        },
-        true);
+    deleteRow(lblCode->text(), 95,
+              QStringLiteral(" DELETE FROM C_STORE ") + QStringLiteral("  WHERE COMPANY = ") +
+                  company() + QStringLiteral("    AND STORECD = ") + quoted(lblCode->text()));
 }
 
 void BAMAS105::m_Excel() {

@@ -393,28 +393,10 @@ void BAMAS170::sSaveQuery() {
 }
 
 void BAMAS170::cmdDelete_Click() {
-    if (lblCode->text().isEmpty()) {
-        return;
-    }
-    if (gfsMessage(14) != QStringLiteral("OK")) {
-        return;
-    }
-    guarded(
-        QStringLiteral("cmdDelete_Click"),
-        [this] {
-            Transaction tx;
-            // The brand's size rows stay behind on purpose.
-            if (!tx.ok() ||
-                !gfbSqlExecuteDB(QStringLiteral(" DELETE FROM C_BRAND ") +
-                                 QStringLiteral("  WHERE COMPANY = ") + company() +
-                                 QStringLiteral("    AND BRANDCD = ") + quoted(lblCode->text())) ||
-                !tx.commit()) {
-                return;
-            }
-            clearFields();
-            sSelectQuery();
-        },
-        true);
+    // The brand's size rows stay behind on purpose.
+    deleteRow(lblCode->text(), 14,
+              QStringLiteral(" DELETE FROM C_BRAND ") + QStringLiteral("  WHERE COMPANY = ") +
+                  company() + QStringLiteral("    AND BRANDCD = ") + quoted(lblCode->text()));
 }
 
 void BAMAS170::m_Excel() {
