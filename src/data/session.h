@@ -26,9 +26,6 @@ struct Session {
 
     QPointer<QObject> gActiveForm; // the screen the tool bars drive
 
-    QString gsPopupCode; // in/out fields of the code search popup
-    QString gsPopupName;
-    QString gsPopupKind;
 
     ConnectionConfig config;
 

@@ -88,6 +88,21 @@ public:
         }
     }
 
+    // Commits the cell being typed into and closes its editor, as leaving the cell would.
+    void finishEditing() {
+        if (state() != EditingState) {
+            return;
+        }
+        QWidget* editor = QApplication::focusWidget();
+        while (editor && editor->parentWidget() != viewport()) {
+            editor = editor->parentWidget();
+        }
+        if (editor) {
+            commitData(editor);
+            closeEditor(editor, QAbstractItemDelegate::NoHint);
+        }
+    }
+
 protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (event->matches(QKeySequence::Copy)) {
@@ -655,4 +670,10 @@ bool Spread::handleResizeDrag(QWidget* viewport, QEvent* event) {
         return true;
     }
     return false;
+}
+
+void Spread::finishEditing() {
+    for (SpreadView* view : {m_main, m_top, m_left, m_corner}) {
+        view->finishEditing();
+    }
 }

@@ -90,6 +90,10 @@ public:
     void copyToClipboard() const;
     void pasteFromClipboard();
 
+    // Commits a cell still being typed into, so that a command run from elsewhere (a tool bar
+    // that takes no focus) sees what was typed.
+    void finishEditing();
+
     // Joins equal neighbours at once rather than on the next pass of the event loop.
     void updateMerges();
 

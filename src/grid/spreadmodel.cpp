@@ -266,6 +266,14 @@ QString SpreadModel::text(int row, int col) const {
     }
     const SpreadFormat& f = formatRef(row, col);
     const QString& r = raw(row, col);
+    if (row >= 1 && !f.codeNames.isEmpty()) {
+        for (const auto& [code, name] : f.codeNames) {
+            if (code == r) {
+                return name;
+            }
+        }
+        return f.otherName;
+    }
     if (f.type == SpreadEdit || f.type == SpreadStatic || row < 1) {
         return r;
     }

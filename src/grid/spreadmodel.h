@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <utility>
 #include <vector>
 
 // Cell types, by the numbers that screens pass.
@@ -52,6 +53,10 @@ struct SpreadFormat {
     QStringList comboItems;
     int comboIndex = -1; // selection of a combo cell nobody has written
     QString checkText;
+    // Static cells that hold a code and show its name ("Y" shown as "개점"): the value stays the
+    // code, the text is the name; a code not listed shows otherName.
+    QList<std::pair<QString, QString>> codeNames;
+    QString otherName;
 };
 
 // Storage and item model of a Spread. Screens do not use it directly: the Spread and the

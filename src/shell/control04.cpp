@@ -2,9 +2,9 @@
 
 #include "data/database.h"
 #include "data/dbroutines.h"
-#include "data/messages.h"
-#include "data/session.h"
+#include "data/sqlbuild.h"
 #include "data/sqlvalue.h"
+#include "grid/gridcolumns.h"
 #include "grid/spreadroutines.h"
 
 #include <QHBoxLayout>
@@ -13,25 +13,33 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-enum Column { ColMark = 1, ColCode = 2, ColName = 3 };
+
+const GridColumns& columns() {
+    static const GridColumns table{
+        {u"MARK"_s, u"선 택"_s, CellType::Static, 5, Align::Centre},
+        {u"CODE"_s, u"코 드"_s, CellType::Static, 8, Align::Centre},
+        {u"NAME"_s, u"코드이름"_s, CellType::Static, 24, Align::Left},
+    };
+    return table;
+}
+
 } // namespace
 
 Control04::Control04(const QString& kind, QWidget* parent)
-    : QDialog(parent), m_kind(kind), m_txtcodenm(new QLineEdit(this)), m_grid(new Spread(this)) {
-    setObjectName(QStringLiteral("Control04"));
+    : Popup(parent), m_kind(kind), m_txtcodenm(new QLineEdit(this)), m_grid(new Spread(this)) {
+    setObjectName(u"Control04"_s);
     setWindowTitle(kind);
-    setModal(true);
     resize(420, 360);
-    m_txtcodenm->setObjectName(QStringLiteral("txtcodenm"));
-    m_grid->setObjectName(QStringLiteral("GRPSP1"));
-    auto* cmdChoice = new QPushButton(QStringLiteral("선택"), this);
-    cmdChoice->setObjectName(QStringLiteral("cmdChoice"));
-    auto* cmdExit = new QPushButton(QStringLiteral("닫기"), this);
-    cmdExit->setObjectName(QStringLiteral("cmdExit"));
+    m_txtcodenm->setObjectName(u"txtcodenm"_s);
+    m_grid->setObjectName(u"GRPSP1"_s);
+    QPushButton* cmdChoice = button(u"cmdChoice"_s, u"선택"_s);
+    QPushButton* cmdExit = button(u"cmdExit"_s, u"닫기"_s);
 
     auto* search = new QHBoxLayout;
-    search->addWidget(new QLabel(kind + QStringLiteral(" 이름"), this));
+    search->addWidget(new QLabel(kind + u" 이름"_s, this));
     search->addWidget(m_txtcodenm, 1);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
@@ -54,40 +62,25 @@ Control04::Control04(const QString& kind, QWidget* parent)
 }
 
 void Control04::Form_cls_rtn() {
-    gsSpreadInit(m_grid, QStringLiteral("굴림체"), 10, 18, 18, 0, 0xC0C0C0, 2, false, true);
-    gsSpreadColumn(m_grid, ColMark, QStringLiteral("선 택"), 5, 5, 0, QStringLiteral("M"));
-    gsSpreadColumn(m_grid, ColCode, QStringLiteral("코 드"), 5, 8, 0, QStringLiteral("M"));
-    gsSpreadColumn(m_grid, ColName, QStringLiteral("코드이름"), 5, 24, 0, QStringLiteral("L"));
-    session().gsPopupCode.clear();
-    session().gsPopupName.clear();
+    gsSpreadInit(m_grid, u"굴림체"_s, 10, 18, 18, 0, 0xC0C0C0, 2, false, true);
+    columns().setUp(m_grid);
+    m_choice.reset();
     m_txtcodenm->clear();
     sSelectQuery();
 }
 
 void Control04::sSelectQuery() {
     // Brands are the only kind searched here; the name must match whole.
-    if (m_kind != QStringLiteral("브랜드")) {
+    if (m_kind != u"브랜드"_s) {
         return;
     }
-    const QString sql = QStringLiteral(" SELECT '', BRANDCD, BRANDNAME ") +
-                        QStringLiteral("   FROM C_BRAND ") + QStringLiteral("  WHERE COMPANY = ") +
-                        quoted(session().gsCompany) + QStringLiteral("    AND BRANDNAME = ") +
-                        quoted(m_txtcodenm->text()) + QLatin1Char(' ');
+    const QString sql = u" SELECT '' MARK, BRANDCD CODE, BRANDNAME NAME "_s +
+                        u"   FROM C_BRAND "_s + whereCompany() + u"    AND BRANDNAME = "_s +
+                        quoted(m_txtcodenm->text()) + u" "_s;
     RecordSet rs;
-    qint64 count = 0;
-    if (!gfbSqlSelectDB(sql, rs, count)) {
-        return;
+    if (gfbSqlSelectDB(sql, rs)) {
+        columns().fill(m_grid, rs);
     }
-    m_grid->setRedraw(false);
-    m_grid->setMaxRows(0);
-    for (rs.moveFirst(); !rs.eof(); rs.moveNext()) {
-        const int row = m_grid->maxRows() + 1;
-        m_grid->setMaxRows(row);
-        gsSpreadSetText(m_grid, row, ColMark, rs.value(0));
-        gsSpreadSetText(m_grid, row, ColCode, rs.value(1));
-        gsSpreadSetText(m_grid, row, ColName, rs.value(2));
-    }
-    m_grid->setRedraw(true);
 }
 
 void Control04::markRow(int row) {
@@ -95,15 +88,15 @@ void Control04::markRow(int row) {
         return;
     }
     for (int r = 1; r <= m_grid->maxRows(); ++r) {
-        gsSpreadSetText(m_grid, r, ColMark, r == row ? QStringLiteral("*") : QString());
+        columns().setValue(m_grid, r, u"MARK"_s, r == row ? u"*"_s : QString());
     }
 }
 
 void Control04::cmdChoice_Click() {
     for (int r = 1; r <= m_grid->maxRows(); ++r) {
-        if (gfSpreadText(m_grid, r, ColMark) == QStringLiteral("*")) {
-            session().gsPopupCode = gfSpreadText(m_grid, r, ColCode).trimmed().toUpper();
-            session().gsPopupName = gfSpreadText(m_grid, r, ColName).trimmed().toUpper();
+        if (columns().value(m_grid, r, u"MARK"_s) == u"*"_s) {
+            m_choice = CodeChoice{columns().value(m_grid, r, u"CODE"_s).trimmed().toUpper(),
+                                  columns().value(m_grid, r, u"NAME"_s).trimmed().toUpper()};
             break;
         }
     }
@@ -111,14 +104,12 @@ void Control04::cmdChoice_Click() {
 }
 
 void Control04::cmdExit_Click() {
-    session().gsPopupCode.clear();
-    session().gsPopupName.clear();
+    m_choice.reset();
     reject();
 }
 
-bool showControl04(const QString& kind, QWidget* parent) {
-    session().gsPopupKind = kind;
+std::optional<CodeChoice> showControl04(const QString& kind, QWidget* parent) {
     Control04 popup(kind, parent);
     popup.exec();
-    return !session().gsPopupCode.isEmpty();
+    return popup.choice();
 }

@@ -445,6 +445,8 @@ void MAINMDI::gsToolBarClick(ToolBarId bar, const QString& key) {
     if (!screen) {
         return;
     }
+    // A tool-bar click takes no focus: what is still being typed is committed first.
+    screen->finishEditing();
     if (key == QStringLiteral("Search")) {
         screen->m_Search();
     } else if (key == QStringLiteral("Save")) {

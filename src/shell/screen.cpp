@@ -5,11 +5,14 @@
 #include "data/messages.h"
 #include "data/session.h"
 #include "grid/inputhelpers.h"
+#include "grid/spread.h"
 #include "shell/mainmdi.h"
 #include "shell/proginit.h"
+#include "shell/recordform.h"
 #include "shell/trap.h"
 
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -49,18 +52,30 @@ void Screen::setStatusNote(const QString& text) {
 }
 
 QLineEdit* Screen::textBox(const QString& name, int bytes) {
-    auto* box = new QLineEdit(this);
-    box->setObjectName(name);
+    QLineEdit* box = textBox(name);
     gsByteLimit(box, bytes);
     return box;
 }
 
+QLineEdit* Screen::textBox(const QString& name) {
+    auto* box = new QLineEdit(this);
+    box->setObjectName(name);
+    return box;
+}
+
 void Screen::markRequired(QWidget* field) {
-    QPalette palette = field->palette();
-    for (auto role : {QPalette::Base, QPalette::Window, QPalette::Button}) {
-        palette.setColor(role, QColor(0xcc, 0xff, 0xcc));
+    RecordForm::markRequired(field);
+}
+
+void Screen::finishEditing() {
+    const auto grids = findChildren<Spread*>();
+    for (Spread* grid : grids) {
+        grid->finishEditing();
     }
-    field->setPalette(palette);
+    auto* spin = qobject_cast<QAbstractSpinBox*>(QApplication::focusWidget());
+    if (spin && isAncestorOf(spin)) {
+        spin->interpretText();
+    }
 }
 
 QString Screen::placeText(const QString& routine) const {

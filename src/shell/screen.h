@@ -37,6 +37,8 @@ public:
     // The activate handler: becomes the tool bars' target and sets which buttons work.
     void activateScreen();
     bool isLoaded() const { return mbLoaded; }
+    // Commits whatever is still being typed (a grid cell, a date box) before a command runs.
+    void finishEditing();
     QDateTime startTime() const { return mdStart; }
     QLabel* statusPanel(int index) const;
 
@@ -60,6 +62,8 @@ protected:
     void setStatusNote(const QString& text);
     // A text box of the edit band: its control name, and its column's limit in bytes.
     class QLineEdit* textBox(const QString& name, int bytes);
+    // A text box whose limit comes from the column it is bound to (RecordForm::text).
+    class QLineEdit* textBox(const QString& name);
     // The green background that marks a field the save requires.
     static void markRequired(QWidget* field);
 

@@ -1,16 +1,13 @@
 #pragma once
 
 #include "data/codelists.h"
+#include "shell/recordform.h"
 #include "shell/screen.h"
 
-#include <QList>
-
-#include <utility>
-
+class GridColumns;
 class QComboBox;
 class QLabel;
 class QLineEdit;
-class QRadioButton;
 class Spread;
 
 // The stores of the company: identity, bank account, VAN link, receipt printer and the ten
@@ -36,67 +33,24 @@ protected:
     bool searchesAtLoad() const override { return true; }
 
 private:
-    // SP1 in the order of the list statement; from ColBrandCode on the columns are hidden.
-    enum Column {
-        ColCode = 1,
-        ColKind,
-        ColBrand,
-        ColName,
-        ColNo,
-        ColFullName,
-        ColCeo,
-        ColTel,
-        ColAddress,
-        ColBank,
-        ColAccNo,
-        ColDepositor,
-        ColUse,
-        ColRemark,
-        ColBrandCode,
-        ColVan,
-        ColVanStore,
-        ColCashBox,
-        ColSet01,
-        ColPortNo = ColSet01 + 10,
-        ColPortType,
-        ColPortSpeed,
-        ColYear
-    };
-    // "SET01" to "SET10": the till's switches, i from 0.
-    static QString setColumn(int i);
-
-    void clearFields();
+    static const GridColumns& columns();
     QWidget* buildEditBand();
-    // Column and value of every field of the edit band, for the insert and the update alike.
-    using ColumnValue = std::pair<QString, QString>;
-    QList<ColumnValue> editedColumns() const;
-    QString insertStatement() const;
+    QWidget* buildSettings();
+    void clearFields();
     QString updateStatement() const;
 
+    RecordForm m_form{QStringLiteral("C_STORE")};
     Spread* SP1 = nullptr;
     QLabel* lblCode = nullptr;
     QLabel* lblBrand = nullptr;
     QString m_brandCode;
     QComboBox* cboGT03 = nullptr;
     QComboBox* cboGT20 = nullptr;
-    QComboBox* cboPort = nullptr;
     QComboBox* cboYYYY = nullptr;
-    QComboBox* cboSet[10] = {};
     CodeArray m_gt03;
     CodeArray m_gt20;
     QLineEdit* txtName = nullptr;
-    QLineEdit* txtFullName = nullptr;
-    QLineEdit* txtNO = nullptr;
-    QLineEdit* txtCEOName = nullptr;
-    QLineEdit* txtTEL = nullptr;
-    QLineEdit* txtAddres = nullptr;
-    QLineEdit* txtBankName = nullptr;
-    QLineEdit* txtDepositor = nullptr;
-    QLineEdit* txtAccNo = nullptr;
     QLineEdit* txtRemark = nullptr;
-    QLineEdit* txtVanSTRCD = nullptr;
-    QLineEdit* txtPortNo = nullptr;
-    QLineEdit* txtSpeed = nullptr;
-    QRadioButton* optUSEYN[2] = {};
-    QRadioButton* optCBUSEYN[2] = {};
+    // The base year is the company's: a new store, or one saved without a year, takes it.
+    QString m_companyYear;
 };

@@ -1,4 +1,8 @@
-// The widgets of the store screen: the list, the edit band with its settings, the defaults.
+// The widgets of the store screen: the list, the edit band bound to C_STORE, the settings.
+#include "data/dbroutines.h"
+#include "data/session.h"
+#include "data/sqlvalue.h"
+#include "grid/gridcolumns.h"
 #include "grid/inputhelpers.h"
 #include "grid/spreadroutines.h"
 #include "screens/organisation/BAMAS105.h"
@@ -14,6 +18,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -36,208 +42,199 @@ const Setting kSettings[10] = {
     {"예약택배텍", "동시출력", "사후출력"},
 };
 
-QRadioButton* option(QWidget* parent, const QString& name, const QString& caption) {
-    auto* button = new QRadioButton(caption, parent);
-    button->setObjectName(name);
-    return button;
+QComboBox* combo(QWidget* parent, const QString& name) {
+    auto* box = new QComboBox(parent);
+    box->setObjectName(name);
+    return box;
+}
+
+// Two option buttons side by side, "name_0" and "name_1".
+QWidget* optionPair(QWidget* parent, const QString& name, const QString& first,
+                    const QString& second, QRadioButton* (&buttons)[2]) {
+    auto* holder = new QWidget(parent);
+    auto* row = new QHBoxLayout(holder);
+    row->setContentsMargins(0, 0, 0, 0);
+    for (int i = 0; i < 2; ++i) {
+        buttons[i] = new QRadioButton(i == 0 ? first : second, parent);
+        buttons[i]->setObjectName(name + u"_%1"_s.arg(i));
+        row->addWidget(buttons[i]);
+    }
+    row->addStretch(1);
+    return holder;
+}
+
+// Widgets side by side, the first ones stretching.
+QWidget* row(QWidget* parent, std::initializer_list<std::pair<QWidget*, int>> widgets) {
+    auto* holder = new QWidget(parent);
+    auto* layout = new QHBoxLayout(holder);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (const auto& [widget, stretch] : widgets) {
+        layout->addWidget(widget, stretch);
+    }
+    return holder;
 }
 
 } // namespace
 
-QString BAMAS105::setColumn(int i) {
-    return QStringLiteral("SET%1").arg(i + 1, 2, 10, QLatin1Char('0'));
-}
-
 void BAMAS105::setupScreen() {
     SP1 = new Spread(this);
-    SP1->setObjectName(QStringLiteral("SP1"));
-    gsSpreadInit(SP1, QStringLiteral("굴림체"), 10, 18, 18, 0, 0xC0C0C0, 3, true, true);
-    const struct {
-        int col;
-        const char* heading;
-        double width;
-        const char* align;
-    } columns[] = {
-        {ColCode, "코드", 4, "M"},     {ColKind, "구분", 6, "M"},
-        {ColBrand, "브랜드", 10, "L"}, {ColName, "매장", 12, "L"},
-        {ColNo, "등록번호", 12, "L"},  {ColFullName, "상호", 16, "L"},
-        {ColCeo, "대표자명", 8, "L"},  {ColTel, "대표전화", 12, "L"},
-        {ColAddress, "주소", 28, "L"}, {ColBank, "은행명", 8, "L"},
-        {ColAccNo, "계좌No", 14, "L"}, {ColDepositor, "예금주", 8, "L"},
-        {ColUse, "운영", 5, "M"},      {ColRemark, "안내문", 30, "L"},
-    };
-    for (const auto& c : columns) {
-        gsSpreadColumn(SP1, c.col, QString::fromUtf8(c.heading), 5, c.width, 0,
-                       QString::fromLatin1(c.align));
-    }
-    QStringList hidden = {QStringLiteral("브랜드코드"), QStringLiteral("VANCD"),
-                          QStringLiteral("VANSTRCD"), QStringLiteral("CASHBOX")};
-    for (int i = 0; i < 10; ++i) {
-        hidden << setColumn(i);
-    }
-    hidden << QStringLiteral("PORTNO") << QStringLiteral("PORTTYPE") << QStringLiteral("PORTSPEED")
-           << QStringLiteral("CURRYYYY");
-    for (int i = 0; i < hidden.size(); ++i) {
-        gsSpreadColumn(SP1, ColBrandCode + i, hidden.at(i), 5, 0);
-    }
+    SP1->setObjectName(u"SP1"_s);
+    gsSpreadInit(SP1, u"굴림체"_s, 10, 18, 18, 0, 0xC0C0C0, 3, true, true);
+    columns().setUp(SP1);
     connect(SP1, &Spread::clicked, this, [this](int row, int) { SP1_Click(row); });
 
     contentLayout()->addWidget(buildEditBand());
     contentLayout()->addWidget(SP1, 1);
-    gsReadCode(cboGT03, m_gt03, QStringLiteral("GT03"));
-    gsReadCode(cboGT20, m_gt20, QStringLiteral("GT20"));
+    gsReadCode(cboGT03, m_gt03, u"GT03"_s);
+    gsReadCode(cboGT20, m_gt20, u"GT20"_s);
+    const int year = QDate::currentDate().year();
+    for (int y = year + 1; y >= year - 3; --y) {
+        cboYYYY->addItem(QString::number(y));
+    }
+    // The company's base year as the stores hold it; the present year for a first store.
+    RecordSet rs;
+    if (gfbSqlSelectDB(u" SELECT MAX(CURRYYYY) CURRYYYY FROM C_STORE WHERE COMPANY = "_s +
+                           quoted(session().gsCompany),
+                       rs) &&
+        !rs.eof()) {
+        m_companyYear = rs.field(u"CURRYYYY"_s).trimmed();
+    }
+    m_form.binding(u"CURRYYYY"_s)->setValue(QString());
     clearFields();
 }
 
 QWidget* BAMAS105::buildEditBand() {
-    auto* band = new QGroupBox(QStringLiteral("매장 정보"), this);
+    auto* band = new QGroupBox(u"매장 정보"_s, this);
     auto* grid = new QGridLayout(band);
     grid->setHorizontalSpacing(8);
     grid->setVerticalSpacing(4);
-    const auto combo = [this](const QString& name) {
-        auto* box = new QComboBox(this);
-        box->setObjectName(name);
-        return box;
-    };
     const auto add = [grid, this](int row, int pair, const QString& label, QWidget* field,
                                   int span = 1) {
         grid->addWidget(new QLabel(label, this), row, pair * 2);
         grid->addWidget(field, row, pair * 2 + 1, 1, span * 2 - 1);
     };
+    const auto text = [this](const char* name, const char* column) -> FieldBinding& {
+        return m_form.text(textBox(QString::fromLatin1(name)), QString::fromLatin1(column));
+    };
 
     lblCode = new QLabel(this);
-    lblCode->setObjectName(QStringLiteral("lblCode"));
-    cboGT03 = combo(QStringLiteral("cboGT03"));
+    lblCode->setObjectName(u"lblCode"_s);
+    cboGT03 = combo(this, u"cboGT03"_s);
     lblBrand = new QLabel(this);
-    lblBrand->setObjectName(QStringLiteral("lblBrand"));
+    lblBrand->setObjectName(u"lblBrand"_s);
     lblBrand->setFrameShape(QFrame::StyledPanel);
-    auto* cmdSerch = new QPushButton(QStringLiteral("브랜드 검색"), this);
-    cmdSerch->setObjectName(QStringLiteral("cmdSerch"));
+    auto* cmdSerch = new QPushButton(u"브랜드 검색"_s, this);
+    cmdSerch->setObjectName(u"cmdSerch"_s);
     connect(cmdSerch, &QPushButton::clicked, this, &BAMAS105::cmdSerch_Click);
-    auto* brandRow = new QWidget(this);
-    auto* brandLayout = new QHBoxLayout(brandRow);
-    brandLayout->setContentsMargins(0, 0, 0, 0);
-    brandLayout->addWidget(lblBrand, 1);
-    brandLayout->addWidget(cmdSerch);
-
-    txtName = textBox(QStringLiteral("txtName"), 20);
-    txtFullName = textBox(QStringLiteral("txtFullName"), 50);
-    txtNO = textBox(QStringLiteral("txtNO"), 20);
-    txtCEOName = textBox(QStringLiteral("txtCEOName"), 20);
-    txtTEL = textBox(QStringLiteral("txtTEL"), 20);
+    txtName = textBox(u"txtName"_s);
+    txtRemark = textBox(u"txtRemark"_s);
+    cboGT20 = combo(this, u"cboGT20"_s);
+    cboYYYY = combo(this, u"cboYYYY"_s);
+    auto* cboPort = combo(this, u"cboPort"_s);
+    cboPort->addItems({u"C"_s, u"T"_s});
+    QLineEdit* txtTEL = textBox(u"txtTEL"_s);
     gsInputStyle(txtTEL, InputStyle::Phone);
-    txtAddres = textBox(QStringLiteral("txtAddres"), 100);
-    txtBankName = textBox(QStringLiteral("txtBankName"), 20);
-    txtDepositor = textBox(QStringLiteral("txtDepositor"), 20);
-    txtAccNo = textBox(QStringLiteral("txtAccNo"), 30);
-    txtRemark = textBox(QStringLiteral("txtRemark"), 200);
-    txtVanSTRCD = textBox(QStringLiteral("txtVanSTRCD"), 20);
-    txtPortNo = textBox(QStringLiteral("txtPortNo"), 4);
+    QLineEdit* txtPortNo = textBox(u"txtPortNo"_s);
     gsInputStyle(txtPortNo, InputStyle::Number);
-    txtSpeed = textBox(QStringLiteral("txtSpeed"), 10);
-    cboGT20 = combo(QStringLiteral("cboGT20"));
-    cboPort = combo(QStringLiteral("cboPort"));
-    cboPort->addItems({QStringLiteral("C"), QStringLiteral("T")});
-    cboYYYY = combo(QStringLiteral("cboYYYY"));
-    const int year = QDate::currentDate().year();
-    for (int y = year + 1; y >= year - 3; --y) {
-        cboYYYY->addItem(QString::number(y));
-    }
-    for (QWidget* required : std::initializer_list<QWidget*>{
-             cboGT03, txtName, lblBrand, txtFullName, txtAddres, txtCEOName, txtTEL}) {
-        markRequired(required);
-    }
-    lblBrand->setAutoFillBackground(true);
+    QRadioButton* optUSEYN[2];
+    QRadioButton* optCBUSEYN[2];
+    QWidget* use = optionPair(this, u"optUSEYN"_s, u"개 점"_s, u"휴 점"_s, optUSEYN);
+    QWidget* cashBox = optionPair(this, u"optCBUSEYN"_s, u"사 용"_s, u"미사용"_s, optCBUSEYN);
 
-    const auto pair = [this](QRadioButton*(&buttons)[2], const QString& name, const QString& yes,
-                             const QString& no) {
-        buttons[0] = option(this, name + QStringLiteral("_0"), yes);
-        buttons[1] = option(this, name + QStringLiteral("_1"), no);
-        auto* holder = new QWidget(this);
-        auto* row = new QHBoxLayout(holder);
-        row->setContentsMargins(0, 0, 0, 0);
-        row->addWidget(buttons[0]);
-        row->addWidget(buttons[1]);
-        row->addStretch(1);
-        return holder;
-    };
-    auto* van = new QWidget(this);
-    auto* vanRow = new QHBoxLayout(van);
-    vanRow->setContentsMargins(0, 0, 0, 0);
-    vanRow->addWidget(cboGT20, 1);
-    vanRow->addWidget(txtVanSTRCD, 1);
+    m_form.key(lblCode, u"STORECD"_s);
+    m_form.value(
+        u"BRANDCD"_s, [this] { return m_brandCode; },
+        [this](const QString& code) { m_brandCode = code.trimmed(); });
+    m_form
+        .value(
+            u"BRANDNAME"_s, [this] { return lblBrand->text(); },
+            [this](const QString& name) { lblBrand->setText(name.trimmed()); }, lblBrand)
+        .notSaved()
+        .required();
+    m_form.options({{optUSEYN[0], u"Y"_s}, {optUSEYN[1], u"N"_s}}, u"USEYN"_s);
+    m_form.options({{optCBUSEYN[0], u"Y"_s}, {optCBUSEYN[1], u"N"_s}}, u"CASHBOX"_s)
+        .byDefault(u"N"_s);
+    // A store without a base year shows the company's, never the previous store's.
+    m_form
+        .value(
+            u"CURRYYYY"_s, [this] { return cboYYYY->currentText(); },
+            [this](const QString& stored) {
+                QString year = stored.trimmed();
+                if (year.isEmpty()) {
+                    year = m_companyYear.isEmpty() ? QString::number(QDate::currentDate().year())
+                                                   : m_companyYear;
+                }
+                if (cboYYYY->findText(year) < 0) {
+                    cboYYYY->addItem(year); // outside the span: kept, so saving does not move it
+                }
+                cboYYYY->setCurrentText(year);
+            },
+            cboYYYY)
+        .keptOnClear();
 
-    add(0, 0, QStringLiteral("매장코드"), lblCode);
-    add(0, 1, QStringLiteral("구분"), cboGT03);
-    add(0, 2, QStringLiteral("브랜드"), brandRow);
-    add(1, 0, QStringLiteral("매장명"), txtName);
-    add(1, 1, QStringLiteral("상호"), txtFullName);
-    add(1, 2, QStringLiteral("사업자No"), txtNO);
-    add(2, 0, QStringLiteral("대표자명"), txtCEOName);
-    add(2, 1, QStringLiteral("대표전화"), txtTEL);
-    add(2, 2, QStringLiteral("기준년"), cboYYYY);
-    add(3, 0, QStringLiteral("주소"), txtAddres, 3);
-    add(4, 0, QStringLiteral("은행명"), txtBankName);
-    add(4, 1, QStringLiteral("예금주"), txtDepositor);
-    add(4, 2, QStringLiteral("계좌No"), txtAccNo);
-    add(5, 0, QStringLiteral("영수증 공지사항(안내문)"), txtRemark, 3);
-    add(6, 0, QStringLiteral("운영"),
-        pair(optUSEYN, QStringLiteral("optUSEYN"), QStringLiteral("개 점"),
-             QStringLiteral("휴 점")));
-    add(6, 1, QStringLiteral("VAN"), van);
-    add(6, 2, QStringLiteral("금전함"),
-        pair(optCBUSEYN, QStringLiteral("optCBUSEYN"), QStringLiteral("사 용"),
-             QStringLiteral("미사용")));
-    add(7, 0, QStringLiteral("프린터 포트"), txtPortNo);
-    add(7, 1, QStringLiteral("통신형태"), cboPort);
-    add(7, 2, QStringLiteral("속도"), txtSpeed);
-
-    auto* settings = new QHBoxLayout;
-    for (int group = 0; group < 2; ++group) {
-        auto* box = new QGroupBox(
-            group == 0 ? QStringLiteral("정보공개") : QStringLiteral("POS 출력물"), this);
-        auto* boxGrid = new QGridLayout(box);
-        const int first = group == 0 ? 0 : 4;
-        const int last = group == 0 ? 4 : 10;
-        for (int i = first; i < last; ++i) {
-            cboSet[i] = combo(QStringLiteral("cboSet%1").arg(i + 1, 2, 10, QLatin1Char('0')));
-            cboSet[i]->addItems(
-                {QString::fromUtf8(kSettings[i].first), QString::fromUtf8(kSettings[i].second)});
-            const int slot = i - first;
-            boxGrid->addWidget(new QLabel(QString::fromUtf8(kSettings[i].label), this), slot / 3,
-                               (slot % 3) * 2);
-            boxGrid->addWidget(cboSet[i], slot / 3, (slot % 3) * 2 + 1);
-        }
-        settings->addWidget(box, group == 0 ? 2 : 3);
-    }
-    auto* cmdNotice = new QPushButton(QStringLiteral("학교 공지문"), this);
-    cmdNotice->setObjectName(QStringLiteral("cmdNotice"));
-    connect(cmdNotice, &QPushButton::clicked, this, [this] {
-        BAMAS105_NOTICE notice(this);
-        notice.exec();
-    });
-    settings->addWidget(cmdNotice, 0, Qt::AlignBottom);
-    grid->addLayout(settings, 8, 0, 1, 6);
+    add(0, 0, u"매장코드"_s, lblCode);
+    add(0, 1, u"구분"_s, m_form.code(cboGT03, m_gt03, u"STOREGB"_s).required().widget());
+    add(0, 2, u"브랜드"_s, row(this, {{lblBrand, 1}, {cmdSerch, 0}}));
+    add(1, 0, u"매장명"_s, m_form.text(txtName, u"STORENAME"_s).required().widget());
+    add(1, 1, u"상호"_s, text("txtFullName", "STOREFULLNAME").required().widget());
+    add(1, 2, u"사업자No"_s, text("txtNO", "STORENO").widget());
+    add(2, 0, u"대표자명"_s, text("txtCEOName", "STORECEO").required().widget());
+    add(2, 1, u"대표전화"_s, m_form.text(txtTEL, u"STORETEL"_s).required().widget());
+    add(2, 2, u"기준년"_s, cboYYYY);
+    add(3, 0, u"주소"_s, text("txtAddres", "STOREADDRES").required().widget(), 3);
+    add(4, 0, u"은행명"_s, text("txtBankName", "BANKNAME").widget());
+    add(4, 1, u"예금주"_s, text("txtDepositor", "DEPOSITOR").widget());
+    add(4, 2, u"계좌No"_s, text("txtAccNo", "ACCNO").widget());
+    add(5, 0, u"영수증 공지사항(안내문)"_s, m_form.text(txtRemark, u"REMARK"_s).widget(), 3);
+    add(6, 0, u"운영"_s, use);
+    add(6, 1, u"VAN"_s,
+        row(this, {{m_form.code(cboGT20, m_gt20, u"VANCD"_s).widget(), 1},
+                   {text("txtVanSTRCD", "VANSTRCD").widget(), 1}}));
+    add(6, 2, u"금전함"_s, cashBox);
+    add(7, 0, u"프린터 포트"_s, m_form.number(txtPortNo, u"PRTPORT"_s).byDefault(u"1"_s).widget());
+    add(7, 1, u"통신형태"_s, m_form.choice(cboPort, u"PRTTYPE"_s).widget());
+    add(7, 2, u"속도"_s, text("txtSpeed", "PRTSPEED").byDefault(u"9600"_s).widget());
+    grid->addWidget(buildSettings(), 8, 0, 1, 6);
     for (int c : {1, 3, 5}) {
         grid->setColumnStretch(c, 1);
     }
     return band;
 }
 
-void BAMAS105::clearFields() {
-    gsFormClear(this);
-    cboPort->setCurrentIndex(0);
-    txtPortNo->setText(QStringLiteral("1"));
-    txtSpeed->setText(QStringLiteral("9600"));
-    cboGT03->setCurrentIndex(0);
-    cboGT20->setCurrentIndex(0);
-    lblCode->clear();
-    lblBrand->clear();
-    m_brandCode.clear();
-    optUSEYN[0]->setChecked(true);
-    optCBUSEYN[1]->setChecked(true);
-    for (QComboBox* set : cboSet) {
-        set->setCurrentIndex(0);
+QWidget* BAMAS105::buildSettings() {
+    auto* holder = new QWidget(this);
+    auto* settings = new QHBoxLayout(holder);
+    settings->setContentsMargins(0, 0, 0, 0);
+    for (int group = 0; group < 2; ++group) {
+        auto* box = new QGroupBox(group == 0 ? u"정보공개"_s : u"POS 출력물"_s, this);
+        auto* boxGrid = new QGridLayout(box);
+        const int first = group == 0 ? 0 : 4;
+        const int last = group == 0 ? 4 : 10;
+        for (int i = first; i < last; ++i) {
+            const QString number = u"%1"_s.arg(i + 1, 2, 10, QLatin1Char('0'));
+            QComboBox* set = combo(this, u"cboSet"_s + number);
+            set->addItems(
+                {QString::fromUtf8(kSettings[i].first), QString::fromUtf8(kSettings[i].second)});
+            // A setting holds its combo's list index: "0" for the first choice. The clear
+            // routine leaves the settings as they are.
+            m_form.index(set, u"SET"_s + number).keptOnClear();
+            const int slot = i - first;
+            boxGrid->addWidget(new QLabel(QString::fromUtf8(kSettings[i].label), this), slot / 3,
+                               (slot % 3) * 2);
+            boxGrid->addWidget(set, slot / 3, (slot % 3) * 2 + 1);
+        }
+        settings->addWidget(box, group == 0 ? 2 : 3);
     }
-    cboYYYY->setCurrentText(QString::number(QDate::currentDate().year()));
+    auto* cmdNotice = new QPushButton(u"학교 공지문"_s, this);
+    cmdNotice->setObjectName(u"cmdNotice"_s);
+    connect(cmdNotice, &QPushButton::clicked, this, [this] {
+        BAMAS105_NOTICE notice(this);
+        notice.exec();
+    });
+    settings->addWidget(cmdNotice, 0, Qt::AlignBottom);
+    return holder;
+}
+
+void BAMAS105::clearFields() {
+    m_form.clear();
 }

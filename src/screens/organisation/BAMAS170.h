@@ -1,10 +1,10 @@
 #pragma once
 
+#include "shell/recordform.h"
 #include "shell/screen.h"
 
 class QLabel;
 class QLineEdit;
-class QRadioButton;
 class Spread;
 
 // Brands of the company and, per brand and year, the size labels of every pair of size table and
@@ -29,19 +29,16 @@ protected:
     bool searchesAtLoad() const override { return true; }
 
 private:
+    QWidget* buildEditBand();
+    QWidget* buildSizeBand();
     void clearFields();
-    QString brandKeyExpression() const;
     QString brandStatement() const;
     bool saveSizeRows();
 
+    RecordForm m_form{QStringLiteral("C_BRAND")};
     QLabel* lblCode = nullptr;
     QLineEdit* txtName = nullptr;
-    QLineEdit* txtFullName = nullptr;
-    QLineEdit* txtManager = nullptr;
-    QLineEdit* txtTEL = nullptr;
-    QLineEdit* txtRemark = nullptr;
     QLineEdit* txtYYYY = nullptr;
-    QRadioButton* optUSEYN[2] = {};
     Spread* SP1 = nullptr;
     Spread* SP2 = nullptr;
 };

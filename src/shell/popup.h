@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QDialog>
+
+class QPushButton;
+
+// The base of every pop-up. Enter belongs to the field that has the focus (a search box
+// searches, a grid commits its cell) and never presses a button: no button of a pop-up is a
+// default one. A pop-up takes its value in its constructor and hands its choice back itself.
+class Popup : public QDialog {
+    Q_OBJECT
+public:
+    explicit Popup(QWidget* parent = nullptr);
+
+protected:
+    // A push button with its control name, never a default one.
+    QPushButton* button(const QString& name, const QString& caption);
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+};

@@ -1,0 +1,267 @@
+#include "shell/recordform.h"
+
+#include "data/messages.h"
+#include "data/recordset.h"
+#include "data/schema/schema.h"
+#include "data/sqlvalue.h"
+#include "grid/gridcolumns.h"
+#include "grid/inputhelpers.h"
+#include "grid/spread.h"
+#include "shell/codecontrols.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int columnBytes(const QString& table, const QString& column) {
+    if (const TableDef* def = findTable(table)) {
+        for (const ColumnDef& c : def->columns) {
+            if (c.name == column) {
+                return c.type == ColumnType::Text ? c.width : 0;
+            }
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+FieldBinding& FieldBinding::required() {
+    m_required = true;
+    if (m_widget) {
+        RecordForm::markRequired(m_widget);
+    }
+    return *this;
+}
+
+FieldBinding& FieldBinding::byDefault(const QString& value) {
+    m_default = value;
+    return *this;
+}
+
+FieldBinding& FieldBinding::keptOnClear() {
+    m_keep = true;
+    return *this;
+}
+
+FieldBinding& FieldBinding::notSaved() {
+    m_saved = false;
+    return *this;
+}
+
+FieldBinding& FieldBinding::loadedFrom(const QString& field) {
+    m_source = field;
+    return *this;
+}
+
+RecordForm::RecordForm(const QString& table) : m_table(table) {}
+
+FieldBinding& RecordForm::add(const QString& column, QWidget* widget) {
+    FieldBinding& b = m_fields.emplace_back();
+    b.m_column = column;
+    b.m_source = column;
+    b.m_widget = widget;
+    return b;
+}
+
+FieldBinding& RecordForm::text(QLineEdit* box, const QString& column) {
+    FieldBinding& b = add(column, box);
+    b.m_box = box;
+    if (const int bytes = columnBytes(m_table, column); bytes > 0) {
+        gsByteLimit(box, bytes);
+    }
+    b.m_get = [box] { return box->text(); };
+    b.m_set = [box](const QString& v) { box->setText(v); };
+    b.m_blank = [box] { return box->text().trimmed().isEmpty(); };
+    return b;
+}
+
+FieldBinding& RecordForm::number(QLineEdit* box, const QString& column) {
+    FieldBinding& b = text(box, column);
+    b.m_box = nullptr;
+    b.m_number = true;
+    return b;
+}
+
+FieldBinding& RecordForm::key(QLabel* label, const QString& column) {
+    FieldBinding& b = add(column, label);
+    b.m_get = [label] { return label->text(); };
+    b.m_set = [label](const QString& v) { label->setText(v.trimmed()); };
+    b.m_blank = [label] { return label->text().trimmed().isEmpty(); };
+    b.m_saved = false;
+    return b;
+}
+
+FieldBinding& RecordForm::code(QComboBox* combo, const CodeArray& codes, const QString& column) {
+    FieldBinding& b = add(column, combo);
+    const CodeArray* arr = &codes;
+    b.m_get = [combo, arr] { return gfComboCode(combo, *arr); };
+    b.m_set = [combo, arr](const QString& v) { gfComboFindCode(combo, *arr, v.trimmed()); };
+    b.m_blank = [combo] { return combo->currentIndex() < 1; };
+    return b;
+}
+
+FieldBinding& RecordForm::index(QComboBox* combo, const QString& column) {
+    FieldBinding& b = add(column, combo);
+    b.m_get = [combo] { return QString::number(qMax(0, combo->currentIndex())); };
+    b.m_set = [combo](const QString& v) {
+        combo->setCurrentIndex(qBound(0, v.trimmed().toInt(), qMax(0, combo->count() - 1)));
+    };
+    b.m_blank = [combo] { return combo->currentIndex() < 0; };
+    b.m_default = u"0"_s;
+    return b;
+}
+
+FieldBinding& RecordForm::choice(QComboBox* combo, const QString& column) {
+    FieldBinding& b = add(column, combo);
+    b.m_get = [combo] { return combo->currentText(); };
+    b.m_set = [combo](const QString& v) {
+        const QString text = v.trimmed();
+        if (text.isEmpty()) {
+            combo->setCurrentIndex(combo->count() > 0 ? 0 : -1);
+            return;
+        }
+        // A stored value outside the list is added, so that saving does not move it.
+        if (combo->findText(text) < 0) {
+            combo->addItem(text);
+        }
+        combo->setCurrentIndex(combo->findText(text));
+    };
+    b.m_blank = [combo] { return combo->currentText().trimmed().isEmpty(); };
+    return b;
+}
+
+FieldBinding& RecordForm::options(std::initializer_list<std::pair<QRadioButton*, QString>> buttons,
+                                  const QString& column) {
+    const QList<std::pair<QRadioButton*, QString>> list(buttons);
+    FieldBinding& b = add(column, nullptr);
+    b.m_get = [list] {
+        for (const auto& [button, code] : list) {
+            if (button->isChecked()) {
+                return code;
+            }
+        }
+        return QString();
+    };
+    b.m_set = [list](const QString& v) {
+        for (const auto& [button, code] : list) {
+            if (code == v.trimmed()) {
+                button->setChecked(true);
+                return;
+            }
+        }
+        if (!list.isEmpty()) {
+            list.last().first->setChecked(true);
+        }
+    };
+    b.m_blank = [get = b.m_get] { return get().isEmpty(); };
+    b.m_default = list.isEmpty() ? QString() : list.first().second;
+    return b;
+}
+
+FieldBinding& RecordForm::value(const QString& column, std::function<QString()> get,
+                                std::function<void(const QString&)> set, QWidget* widget) {
+    FieldBinding& b = add(column, widget);
+    b.m_get = std::move(get);
+    b.m_set = std::move(set);
+    b.m_blank = [get = b.m_get] { return get().trimmed().isEmpty(); };
+    return b;
+}
+
+void RecordForm::clear() const {
+    for (const FieldBinding& b : m_fields) {
+        if (!b.m_keep) {
+            b.m_set(b.m_default);
+        }
+    }
+}
+
+void RecordForm::load(const std::function<bool(const QString&, QString&)>& source) const {
+    for (const FieldBinding& b : m_fields) {
+        QString v;
+        if (source(b.m_source, v)) {
+            b.m_set(v);
+        }
+    }
+}
+
+void RecordForm::loadRow(const GridColumns& columns, const Spread* grid, int row) const {
+    load([&](const QString& field, QString& v) {
+        if (columns.column(field) == 0) {
+            return false;
+        }
+        v = columns.value(grid, row, field);
+        return true;
+    });
+}
+
+void RecordForm::loadRecord(const RecordSet& rs) const {
+    load([&](const QString& field, QString& v) {
+        if (rs.eof() || rs.fieldIndex(field) < 0) {
+            return false;
+        }
+        v = rs.field(field);
+        return true;
+    });
+}
+
+bool RecordForm::checkRequired() const {
+    for (const FieldBinding& b : m_fields) {
+        if (b.m_required && b.m_blank()) {
+            gfsMessage(22);
+            return false;
+        }
+    }
+    return true;
+}
+
+void RecordForm::cutTexts() const {
+    for (const FieldBinding& b : m_fields) {
+        if (b.m_box) {
+            gsTextCut(b.m_box);
+        }
+    }
+}
+
+Assignments RecordForm::assignments() const {
+    Assignments out;
+    for (const FieldBinding& b : m_fields) {
+        if (b.m_saved) {
+            out.append({b.m_column, b.m_number ? numeric(b.m_get()) : quoted(b.m_get())});
+        }
+    }
+    return out;
+}
+
+QString RecordForm::insertStatement(const Assignments& keys, const Assignments& extra) const {
+    return sqlInsert(m_table, keys + assignments() + extra + auditOnInsert(m_table));
+}
+
+QString RecordForm::updateStatement(const QString& where, const Assignments& extra) const {
+    return sqlUpdate(m_table, assignments() + extra + auditOnUpdate(m_table), where);
+}
+
+FieldBinding* RecordForm::binding(const QString& column) {
+    for (FieldBinding& b : m_fields) {
+        if (b.m_column == column) {
+            return &b;
+        }
+    }
+    return nullptr;
+}
+
+void RecordForm::markRequired(QWidget* field) {
+    QPalette palette = field->palette();
+    for (auto role : {QPalette::Base, QPalette::Window, QPalette::Button}) {
+        palette.setColor(role, QColor(0xcc, 0xff, 0xcc));
+    }
+    field->setPalette(palette);
+    if (qobject_cast<QLabel*>(field)) {
+        field->setAutoFillBackground(true);
+    }
+}

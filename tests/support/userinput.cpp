@@ -1,0 +1,54 @@
+#include "userinput.h"
+
+#include "grid/spread.h"
+#include "shell/mainmdi.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QTableView>
+#include <QTest>
+#include <QToolBar>
+
+void typeText(QWidget* widget, const QString& text) {
+    widget->setFocus();
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QApplication::sendEvent(widget, &event);
+    QApplication::processEvents();
+}
+
+void clickCell(Spread* grid, int row, int col, bool doubleClick) {
+    QTableView* view = grid->view();
+    const QModelIndex index = view->model()->index(grid->headRows() + row - 1, col);
+    view->scrollTo(index);
+    const QPoint at = view->visualRect(index).center();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, at);
+    if (doubleClick) {
+        // The view takes a double click only on the cell that the first press went to.
+        QTest::mousePress(view->viewport(), Qt::LeftButton, {}, at);
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, at);
+    }
+    QApplication::processEvents();
+}
+
+void typeIntoCell(Spread* grid, int row, int col, const QString& text) {
+    clickCell(grid, row, col);
+    QWidget* target = grid->view();
+    QTest::keyClicks(target, text);
+    QApplication::processEvents();
+}
+
+void clickToolButton(MAINMDI* window, const QString& key) {
+    const auto bars = window->findChildren<QToolBar*>();
+    for (QToolBar* bar : bars) {
+        const auto actions = bar->actions();
+        for (QAction* action : actions) {
+            if (action->data().toString() == key) {
+                QTest::mouseClick(bar->widgetForAction(action), Qt::LeftButton);
+                QApplication::processEvents();
+                return;
+            }
+        }
+    }
+}
