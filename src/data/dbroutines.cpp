@@ -63,6 +63,14 @@ bool gfbSqlSelectDB(const QString& sql, RecordSet& rs) {
     return gfbSqlSelectDB(sql, rs, count);
 }
 
+QString gfSelectValue(const QString& sql) {
+    RecordSet rs;
+    if (!gfbSqlSelectDB(sql, rs) || rs.eof() || rs.fieldCount() == 0) {
+        return {};
+    }
+    return rs.value(0);
+}
+
 bool gfbSqlExecuteDB(const QString& sql, qint64& affected) {
     if (blank(sql)) {
         gfsMessage(17);

@@ -16,6 +16,8 @@ bool gfbSqlExecuteUpdateDB(const QString& sql, qint64& affected);
 // Overloads for callers that do not want the count.
 bool gfbSqlSelectDB(const QString& sql, RecordSet& rs);
 bool gfbSqlExecuteDB(const QString& sql);
+// The first field of the first row ("" when there is none or the select failed).
+QString gfSelectValue(const QString& sql);
 // Server date "YYYYMMDD"; "" when the select fails.
 QString gfRdoGetDbSysDate();
 // The open main connection (after gfbConnectDB); for dialect lookups while building text.

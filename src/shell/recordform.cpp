@@ -10,6 +10,7 @@
 #include "shell/codecontrols.h"
 
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -138,7 +139,11 @@ FieldBinding& RecordForm::choice(QComboBox* combo, const QString& column) {
 
 FieldBinding& RecordForm::options(std::initializer_list<std::pair<QRadioButton*, QString>> buttons,
                                   const QString& column) {
-    const QList<std::pair<QRadioButton*, QString>> list(buttons);
+    return optionButtons(QList<std::pair<QRadioButton*, QString>>(buttons), column);
+}
+
+FieldBinding& RecordForm::optionButtons(const QList<std::pair<QRadioButton*, QString>>& list,
+                                        const QString& column) {
     FieldBinding& b = add(column, nullptr);
     b.m_get = [list] {
         for (const auto& [button, code] : list) {
@@ -161,6 +166,25 @@ FieldBinding& RecordForm::options(std::initializer_list<std::pair<QRadioButton*,
     };
     b.m_blank = [get = b.m_get] { return get().isEmpty(); };
     b.m_default = list.isEmpty() ? QString() : list.first().second;
+    return b;
+}
+
+FieldBinding& RecordForm::options(QWidget* parent, const QString& name,
+                                  std::initializer_list<std::pair<QString, QString>> captionCodes,
+                                  const QString& column) {
+    auto* holder = new QWidget(parent);
+    auto* row = new QHBoxLayout(holder);
+    row->setContentsMargins(0, 0, 0, 0);
+    QList<std::pair<QRadioButton*, QString>> buttons;
+    for (const auto& [caption, code] : captionCodes) {
+        auto* button = new QRadioButton(caption, holder);
+        button->setObjectName(name + u"_%1"_s.arg(buttons.size()));
+        row->addWidget(button);
+        buttons.append({button, code});
+    }
+    row->addStretch(1);
+    FieldBinding& b = optionButtons(buttons, column);
+    b.m_widget = holder;
     return b;
 }
 

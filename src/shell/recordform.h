@@ -3,6 +3,7 @@
 #include "data/codelists.h"
 #include "data/sqlbuild.h"
 
+#include <QList>
 #include <QString>
 
 #include <deque>
@@ -82,6 +83,11 @@ public:
     // Option buttons, each with its code; a code that none has turns the last one on.
     FieldBinding& options(std::initializer_list<std::pair<QRadioButton*, QString>> buttons,
                           const QString& column);
+    // Option buttons made for the field, side by side in one widget: "name_0", "name_1", ...,
+    // each with its caption and code.
+    FieldBinding& options(QWidget* parent, const QString& name,
+                          std::initializer_list<std::pair<QString, QString>> captionCodes,
+                          const QString& column);
     // Anything else: the screen says how the value is read and shown.
     FieldBinding& value(const QString& column, std::function<QString()> get,
                         std::function<void(const QString&)> set, QWidget* widget = nullptr);
@@ -113,6 +119,8 @@ public:
 
 private:
     FieldBinding& add(const QString& column, QWidget* widget);
+    FieldBinding& optionButtons(const QList<std::pair<QRadioButton*, QString>>& buttons,
+                                const QString& column);
 
     QString m_table;
     std::deque<FieldBinding> m_fields;

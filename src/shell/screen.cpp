@@ -4,8 +4,10 @@
 #include "data/dbroutines.h"
 #include "data/messages.h"
 #include "data/session.h"
+#include "grid/gridcolumns.h"
 #include "grid/inputhelpers.h"
 #include "grid/spread.h"
+#include "grid/spreadroutines.h"
 #include "shell/mainmdi.h"
 #include "shell/proginit.h"
 #include "shell/recordform.h"
@@ -51,6 +53,16 @@ void Screen::setStatusNote(const QString& text) {
     m_panels[0]->setText(text);
 }
 
+void Screen::showFound(qint64 count, bool withCount) {
+    if (count <= 0) {
+        setStatusNote(QStringLiteral("조회된 데이터가 없습니다."));
+    } else {
+        setStatusNote(withCount
+                          ? QString::number(count) + QStringLiteral("건의 데이터가 조회되었습니다.")
+                          : QString());
+    }
+}
+
 QLineEdit* Screen::textBox(const QString& name, int bytes) {
     QLineEdit* box = textBox(name);
     gsByteLimit(box, bytes);
@@ -61,6 +73,22 @@ QLineEdit* Screen::textBox(const QString& name) {
     auto* box = new QLineEdit(this);
     box->setObjectName(name);
     return box;
+}
+
+QComboBox* Screen::comboBox(const QString& name) {
+    auto* box = new QComboBox(this);
+    box->setObjectName(name);
+    return box;
+}
+
+Spread* Screen::grid(const QString& name, const GridColumns& columns, int scrollBars,
+                     bool headingNumbers, bool readOnly) {
+    auto* spread = new Spread(this);
+    spread->setObjectName(name);
+    gsSpreadInit(spread, QStringLiteral("굴림체"), 10, 18, 18, 0, 0xC0C0C0, scrollBars,
+                 headingNumbers, readOnly);
+    columns.setUp(spread);
+    return spread;
 }
 
 void Screen::markRequired(QWidget* field) {

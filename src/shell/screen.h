@@ -60,10 +60,19 @@ protected:
     void deleteRow(const QString& key, int question, const QString& sql);
     // Panel 1: the screen's short notes.
     void setStatusNote(const QString& text);
+    // Panel 1 after a search: "N건의 데이터가 조회되었습니다." (or nothing, withCount false) when
+    // rows were found, "조회된 데이터가 없습니다." when none.
+    void showFound(qint64 count, bool withCount = true);
     // A text box of the edit band: its control name, and its column's limit in bytes.
     class QLineEdit* textBox(const QString& name, int bytes);
     // A text box whose limit comes from the column it is bound to (RecordForm::text).
     class QLineEdit* textBox(const QString& name);
+    // A combo box with its control name.
+    class QComboBox* comboBox(const QString& name);
+    // A grid with its control name, set up with the sheet settings of gsSpreadInit that differ
+    // between grids and then with its column table.
+    class Spread* grid(const QString& name, const class GridColumns& columns, int scrollBars,
+                       bool headingNumbers, bool readOnly);
     // The green background that marks a field the save requires.
     static void markRequired(QWidget* field);
 

@@ -27,7 +27,9 @@ QString setColumn(int i) {
 
 // SP1 in the order of the list statement. The hidden columns carry the row's codes and
 // settings back to the edit band, the store kind's code among them: two kinds may share a name.
-const GridColumns& listColumns() {
+} // namespace
+
+const GridColumns& BAMAS105::columns() {
     static const GridColumns table = [] {
         std::vector<GridColumn> c{
             {u"STORECD"_s, u"코드"_s, CellType::Static, 4, Align::Centre},
@@ -67,28 +69,19 @@ const GridColumns& listColumns() {
     return table;
 }
 
-} // namespace
-
-const GridColumns& BAMAS105::columns() {
-    return listColumns();
-}
-
 BAMAS105::BAMAS105() : Screen(u"BAMAS105"_s, u"매장코드 관리"_s) {}
 
 void BAMAS105::sSelectQuery() {
     guarded(u"sSelectQuery"_s, [this] {
         const QString nolock = dialect().nolock();
-        QStringList sets;
-        for (int i = 0; i < 10; ++i) {
-            sets << u"CS."_s + setColumn(i);
-        }
         QString sql =
             u" SELECT CS.STORECD, GT.GRP_NAM, CB.BRANDNAME, CS.STORENAME, CS.STORENO, "_s +
             u"CS.STOREFULLNAME, "_s +
             u"        CS.STORECEO, CS.STORETEL, CS.STOREADDRES, CS.BANKNAME, CS.ACCNO, "_s +
             u"CS.DEPOSITOR, "_s +
             u"        CS.USEYN, CS.REMARK, CS.BRANDCD, CS.VANCD, CS.VANSTRCD, CS.CASHBOX, "_s +
-            sets.join(u", "_s) + u", CS.PRTPORT, CS.PRTTYPE, CS.PRTSPEED, CS.CURRYYYY, "_s +
+            u"CS.SET01, CS.SET02, CS.SET03, CS.SET04, CS.SET05, CS.SET06, CS.SET07, CS.SET08, "_s +
+            u"CS.SET09, CS.SET10, CS.PRTPORT, CS.PRTTYPE, CS.PRTSPEED, CS.CURRYYYY, "_s +
             u"CS.STOREGB "_s + u"   FROM C_STORE CS "_s + nolock +
             u"        LEFT OUTER JOIN C_BRAND CB"_s + nolock +
             u" ON CS.COMPANY = CB.COMPANY AND CS.BRANDCD = CB.BRANDCD, "_s +
@@ -109,20 +102,16 @@ void BAMAS105::sSelectQuery() {
             return;
         }
         if (count > 0) {
-            m_companyYear.clear();
-            for (rs.moveFirst(); !rs.eof(); rs.moveNext()) {
-                m_companyYear = qMax(m_companyYear, rs.field(u"CURRYYYY"_s).trimmed());
-            }
             clearFields();
         }
-        listColumns().fill(SP1, rs);
-        setStatusNote(count > 0 ? QString() : u"조회된 데이터가 없습니다."_s);
+        columns().fill(SP1, rs);
+        showFound(count, false);
     });
 }
 
 void BAMAS105::SP1_Click(int row) {
     if (row >= 1 && row <= SP1->dataRowCnt()) {
-        m_form.loadRow(listColumns(), SP1, row);
+        m_form.loadRow(columns(), SP1, row);
     }
 }
 
@@ -168,6 +157,9 @@ void BAMAS105::sSaveQuery() {
         if (!gfbSqlExecuteDB(sql)) {
             return;
         }
+        if (!isNew) {
+            m_companyYear = cboYYYY->currentText(); // the update spread it to every store
+        }
         clearFields();
         sSelectQuery();
     });
@@ -180,5 +172,5 @@ void BAMAS105::cmdDelete_Click() {
 }
 
 void BAMAS105::m_Excel() {
-    gsExcelExport(u"매장 등록 현황"_s, listColumns().count(), SP1);
+    gsExcelExport(u"매장 등록 현황"_s, columns().count(), SP1);
 }

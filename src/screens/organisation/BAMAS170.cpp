@@ -5,30 +5,25 @@
 #include "data/dialect.h"
 #include "data/messages.h"
 #include "data/session.h"
+#include "data/sizelabels.h"
 #include "data/sqlbuild.h"
 #include "data/sqlvalue.h"
 #include "grid/excelexport.h"
 #include "grid/gridcolumns.h"
 #include "grid/inputhelpers.h"
 #include "grid/spreadroutines.h"
+#include "shell/editband.h"
+#include "shell/yearbox.h"
 
 #include <QDate>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QRegularExpressionValidator>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString labelColumn(int position) {
-    return u"C%1"_s.arg(position, 2, 10, QLatin1Char('0'));
-}
 
 // SP1: the brands.
 const GridColumns& listColumns() {
@@ -55,7 +50,7 @@ const GridColumns& sizeColumns() {
         };
         for (int n = 1; n <= 24; ++n) {
             columns.push_back(
-                {labelColumn(n), QString::number(n), CellType::Edit, 4, Align::Centre});
+                {sizeLabelColumn(n), QString::number(n), CellType::Edit, 4, Align::Centre});
         }
         return GridColumns(std::move(columns));
     }();
@@ -71,15 +66,10 @@ QString currentYear() {
 BAMAS170::BAMAS170() : Screen(u"BAMAS170"_s, u"브랜드 관리"_s) {}
 
 void BAMAS170::setupScreen() {
-    SP1 = new Spread(this);
-    SP1->setObjectName(u"SP1"_s);
-    gsSpreadInit(SP1, u"굴림체"_s, 10, 18, 18, 0, 0xC0C0C0, 2, true, true);
-    listColumns().setUp(SP1);
+    SP1 = grid(u"SP1"_s, listColumns(), 2, true, true);
     connect(SP1, &Spread::clicked, this, [this](int row, int) { SP1_Click(row); });
-
     auto* list = new QGroupBox(u"조회리스트"_s, this);
-    auto* listColumn = new QVBoxLayout(list);
-    listColumn->addWidget(SP1);
+    (new QVBoxLayout(list))->addWidget(SP1);
     list->setFixedWidth(300);
 
     // The edit band across the top; below it the list keeps its width and the size tab takes
@@ -93,83 +83,40 @@ void BAMAS170::setupScreen() {
 }
 
 QWidget* BAMAS170::buildEditBand() {
-    auto* use = new QWidget(this);
-    auto* useRow = new QHBoxLayout(use);
-    useRow->setContentsMargins(0, 0, 0, 0);
-    QRadioButton* optUSEYN[2];
-    for (int i = 0; i < 2; ++i) {
-        optUSEYN[i] = new QRadioButton(i == 0 ? u"사용"_s : u"미사용"_s, this);
-        optUSEYN[i]->setObjectName(u"optUSEYN_%1"_s.arg(i));
-        useRow->addWidget(optUSEYN[i]);
-    }
-    useRow->addStretch(1);
-    m_form.options({{optUSEYN[0], u"Y"_s}, {optUSEYN[1], u"N"_s}}, u"USEYN"_s);
-
-    auto* edit = new QGroupBox(u"브랜드 정보"_s, this);
-    auto* form = new QGridLayout(edit);
-    const auto add = [form, this](int row, int pair, const QString& label, QWidget* field,
-                                  int span = 1) {
-        form->addWidget(new QLabel(label, this), row, pair * 2);
-        form->addWidget(field, row, pair * 2 + 1, 1, span * 2 - 1);
-    };
+    auto* band = new EditBand(u"브랜드 정보"_s, this);
     lblCode = new QLabel(this);
     lblCode->setObjectName(u"lblCode"_s);
     txtName = textBox(u"txtName"_s);
-    add(0, 0, u"브랜드코드"_s, m_form.key(lblCode, u"BRANDCD"_s).widget());
-    add(0, 1, u"브랜드명"_s, m_form.text(txtName, u"BRANDNAME"_s).required().widget());
-    add(0, 2, u"사용여부"_s, use);
-    add(1, 0, u"브랜드전체명"_s,
-        m_form.text(textBox(u"txtFullName"_s), u"BRANDFULLNAME"_s).widget());
-    add(1, 1, u"담당자"_s, m_form.text(textBox(u"txtManager"_s), u"BRANDMANAGER"_s).widget());
     QLineEdit* txtTEL = textBox(u"txtTEL"_s);
     gsInputStyle(txtTEL, InputStyle::Phone);
-    add(1, 2, u"전화번호"_s, m_form.text(txtTEL, u"BRANDTEL"_s).widget());
-    add(2, 0, u"비고"_s, m_form.text(textBox(u"txtRemark"_s), u"REMARK"_s).widget(), 3);
-    for (int c : {1, 3, 5}) {
-        form->setColumnStretch(c, 1);
-    }
-    return edit;
+    band->add(0, 0, u"브랜드코드"_s, m_form.key(lblCode, u"BRANDCD"_s));
+    band->add(0, 1, u"브랜드명"_s, m_form.text(txtName, u"BRANDNAME"_s).required());
+    band->add(0, 2, u"사용여부"_s,
+              m_form.options(this, u"optUSEYN"_s, {{u"사용"_s, u"Y"_s}, {u"미사용"_s, u"N"_s}},
+                             u"USEYN"_s));
+    band->add(1, 0, u"브랜드전체명"_s, m_form.text(textBox(u"txtFullName"_s), u"BRANDFULLNAME"_s));
+    band->add(1, 1, u"담당자"_s, m_form.text(textBox(u"txtManager"_s), u"BRANDMANAGER"_s));
+    band->add(1, 2, u"전화번호"_s, m_form.text(txtTEL, u"BRANDTEL"_s));
+    band->add(2, 0, u"비고"_s, m_form.text(textBox(u"txtRemark"_s), u"REMARK"_s), 3);
+    return band;
 }
 
 QWidget* BAMAS170::buildSizeBand() {
-    txtYYYY = textBox(u"txtYYYY"_s, 4);
-    txtYYYY->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(u"\\d{0,4}"_s), txtYYYY));
-    txtYYYY->setFixedWidth(70);
-    txtYYYY->setAlignment(Qt::AlignCenter);
-    connect(txtYYYY, &QLineEdit::returnPressed, this, &BAMAS170::fSizeTab_View);
-    auto* yearRow = new QHBoxLayout;
-    yearRow->addWidget(new QLabel(u"년도"_s, this));
-    for (const auto& [name, caption, step] :
-         {std::tuple{u"cmdLeft"_s, u"◀"_s, -1}, std::tuple{u"cmdRight"_s, u"▶"_s, 1}}) {
-        auto* arrow = new QPushButton(caption, this);
-        arrow->setObjectName(name);
-        arrow->setFixedWidth(32);
-        connect(arrow, &QPushButton::clicked, this, [this, step] { stepYear(step); });
-        yearRow->addWidget(arrow);
-        if (step < 0) {
-            yearRow->addWidget(txtYYYY);
-        }
-    }
-    yearRow->addStretch(1);
-
-    SP2 = new Spread(this);
-    SP2->setObjectName(u"SP2"_s);
-    gsSpreadInit(SP2, u"굴림체"_s, 10, 18, 18, 0, 0xC0C0C0, 3, false, false);
-    sizeColumns().setUp(SP2);
+    yearBox = new YearBox(this);
+    connect(yearBox, &YearBox::yearChosen, this, &BAMAS170::fSizeTab_View);
+    SP2 = grid(u"SP2"_s, sizeColumns(), 3, false, false);
     // The pair stays in view, grey, while the labels scroll.
     gsSpreadFreezeCols(SP2, sizeColumns().column(u"SIZETAB"_s));
-
     auto* sizes = new QGroupBox(u"Size 탭"_s, this);
     auto* sizeColumn = new QVBoxLayout(sizes);
-    sizeColumn->addLayout(yearRow);
+    sizeColumn->addWidget(yearBox);
     sizeColumn->addWidget(SP2, 1);
     return sizes;
 }
 
 void BAMAS170::clearFields() {
     m_form.clear();
-    txtYYYY->setText(currentYear());
+    yearBox->setYear(currentYear());
     SP2->setMaxRows(0);
 }
 
@@ -191,8 +138,7 @@ void BAMAS170::sSelectQuery() {
             clearFields();
         }
         listColumns().fill(SP1, rs);
-        setStatusNote(count > 0 ? QString::number(count) + u"건의 데이터가 조회되었습니다."_s
-                                : u"조회된 데이터가 없습니다."_s);
+        showFound(count);
     });
 }
 
@@ -211,12 +157,7 @@ void BAMAS170::SP1_Click(int row) {
             m_form.loadRecord(rs);
         }
     });
-    txtYYYY->setText(currentYear());
-    fSizeTab_View();
-}
-
-void BAMAS170::stepYear(int delta) {
-    txtYYYY->setText(QString::number(txtYYYY->text().toInt() + delta));
+    yearBox->setYear(currentYear());
     fSizeTab_View();
 }
 
@@ -227,34 +168,7 @@ void BAMAS170::fSizeTab_View() {
         return;
     }
     guarded(u"fSizeTab_View"_s, [this] {
-        const Dialect& d = dialect();
-        const QString brand = andEquals(u"BRANDCD"_s, lblCode->text());
-        // The year in force: the greatest year with labels not above the one asked for.
-        const QString yearInForce =
-            u"(SELECT ISNULL(MAX(YYYY), YEAR(GETDATE())) FROM C_BRANDSIZE "_s + d.nolock() +
-            whereCompany() + brand + u" AND YYYY    <= "_s + quoted(txtYYYY->text()) + u")"_s;
-        QStringList empty, stored, maxima;
-        for (int n = 1; n <= 24; ++n) {
-            empty << u"'' "_s + labelColumn(n);
-            stored << u"BS."_s + labelColumn(n);
-            maxima << u"MAX(%1) %1"_s.arg(labelColumn(n));
-        }
-        const QString sql =
-            u" SELECT TEENSCOPE, GT27CD, SIZETAB, "_s + maxima.join(u", "_s) +
-            u", MAX(DISP_SEQ) DISP_SEQ "_s + u"   FROM ( "_s +
-            u"         SELECT GT27.GRP_NAM TEENSCOPE, GT27.S_GRP_COD GT27CD, GT26.S_GRP_COD SIZETAB, "_s +
-            empty.join(u", "_s) + u", GT26.DISP_SEQ DISP_SEQ "_s +
-            u"           FROM C_GONGTONG GT26"_s + d.nolock() + u", C_GONGTONG GT27"_s +
-            d.nolock() + u"          WHERE GT26.L_GRP_COD = '26' AND GT27.L_GRP_COD = '27' "_s +
-            u"         Union All "_s +
-            u"         SELECT GT27.GRP_NAM, BS.TEENSCOPE, BS.SIZETAB, "_s + stored.join(u", "_s) +
-            u", 0 "_s + u"           FROM C_BRANDSIZE BS"_s + d.nolock() +
-            u"           LEFT OUTER JOIN C_GONGTONG GT27"_s + d.nolock() +
-            u" ON GT27.L_GRP_COD = '27' AND GT27.S_GRP_COD = BS.TEENSCOPE "_s +
-            u"          WHERE BS.COMPANY = "_s + quoted(session().gsCompany) +
-            u"            AND BS.BRANDCD = "_s + quoted(lblCode->text()) +
-            u"            AND BS.YYYY = "_s + yearInForce + u"        ) A "_s +
-            u"  GROUP BY TEENSCOPE, GT27CD, SIZETAB "_s + u"  ORDER BY TEENSCOPE, DISP_SEQ "_s;
+        const QString sql = sizeLabelPairsSql(lblCode->text(), yearBox->year());
         RecordSet rs;
         qint64 count = 0;
         if (!gfbSqlSelectDB(sql, rs, count)) {
@@ -281,7 +195,7 @@ bool BAMAS170::saveSizeRows() {
     // The year's rows are written anew from the grid, every pair even without labels; the
     // labels shown for an earlier year in force thus become the shown year's own copy.
     const QString where = whereCompany() + andEquals(u"BRANDCD"_s, lblCode->text()) +
-                          u"   AND YYYY    = "_s + quoted(txtYYYY->text());
+                          u"   AND YYYY    = "_s + quoted(yearBox->year());
     if (!gfbSqlExecuteDB(u" DELETE FROM C_BRANDSIZE "_s + where)) {
         return false;
     }
@@ -289,12 +203,12 @@ bool BAMAS170::saveSizeRows() {
     for (int row = 1; row <= SP2->maxRows(); ++row) {
         Assignments values{{u"COMPANY"_s, quoted(session().gsCompany)},
                            {u"BRANDCD"_s, quoted(lblCode->text())},
-                           {u"YYYY"_s, quoted(txtYYYY->text())},
+                           {u"YYYY"_s, quoted(yearBox->year())},
                            {u"TEENSCOPE"_s, quoted(columns.value(SP2, row, u"GT27CD"_s).trimmed())},
                            {u"SIZETAB"_s, quoted(columns.value(SP2, row, u"SIZETAB"_s).trimmed())}};
         for (int n = 1; n <= 24; ++n) {
-            values.append(
-                {labelColumn(n), quoted(columns.value(SP2, row, labelColumn(n)).trimmed())});
+            values.append({sizeLabelColumn(n),
+                           quoted(columns.value(SP2, row, sizeLabelColumn(n)).trimmed())});
         }
         if (!gfbSqlExecuteDB(sqlInsert(u"C_BRANDSIZE"_s, values))) {
             return false;
@@ -308,9 +222,9 @@ void BAMAS170::sSaveQuery() {
         return;
     }
     // The labels are stored under the year shown: without one they would belong to none.
-    if (!lblCode->text().isEmpty() && txtYYYY->text().trimmed().size() != 4) {
+    if (!lblCode->text().isEmpty() && yearBox->year().trimmed().size() != 4) {
         gfsMsgBox(u"사이즈 탭의 년도(4자리)를 입력해 주십시오."_s);
-        txtYYYY->setFocus();
+        yearBox->box()->setFocus();
         return;
     }
     m_form.cutTexts();

@@ -22,7 +22,6 @@ public:
     void cmdDelete_Click() override;
     void fSizeTab_View();
     void SP1_Click(int row);
-    void stepYear(int delta);
 
 protected:
     void setupScreen() override;
@@ -38,7 +37,7 @@ private:
     RecordForm m_form{QStringLiteral("C_BRAND")};
     QLabel* lblCode = nullptr;
     QLineEdit* txtName = nullptr;
-    QLineEdit* txtYYYY = nullptr;
+    class YearBox* yearBox = nullptr;
     Spread* SP1 = nullptr;
     Spread* SP2 = nullptr;
 };
