@@ -1,5 +1,6 @@
 // The store screen driven as a user does: list, pick, edit, save, refuse, delete.
 #include "screenfixture.h"
+#include "userinput.h"
 
 #include "data/session.h"
 #include "grid/spreadroutines.h"
@@ -53,6 +54,14 @@ protected:
         box("txtAddres")->setText(QStringLiteral("서울"));
         box("txtCEOName")->setText(QStringLiteral("이대표"));
         box("txtTEL")->setText(QStringLiteral("02-000-0000"));
+    }
+    // Opens the screen anew, after a test changed what it reads at load.
+    void reopen() {
+        main->closeWithoutAsking();
+        main.reset();
+        screen = openByNumber<BAMAS105>(105);
+        list = child<Spread>(screen, QStringLiteral("SP1"));
+        presenter->boxes.clear();
     }
     BAMAS105* screen = nullptr;
     Spread* list = nullptr;
@@ -157,24 +166,82 @@ TEST_F(Bamas105, badInputIsStoredAsTypedAndCutToTheColumn) {
     EXPECT_EQ(screen->statusPanel(1)->text(), QStringLiteral("조회된 데이터가 없습니다."));
 }
 
-TEST_F(Bamas105, brandIsPickedThroughTheSearchPopup) {
+TEST_F(Bamas105, brandIsPickedThroughTheSearchPopupFromTheKeyboard) {
     fillNewStore(QStringLiteral("분당점"));
     screen->setBrand(QString(), QString());
-    QTimer::singleShot(0, [this] {
+    bool searched = false;
+    QTimer::singleShot(0, [&searched] {
         QWidget* popup = QApplication::activeModalWidget();
         ASSERT_NE(popup, nullptr);
-        auto* name = child<QLineEdit>(popup, QStringLiteral("txtcodenm"));
-        name->setText(QStringLiteral("루미엘"));
-        QTest::keyClick(name, Qt::Key_Return);
-        auto* grid = child<Spread>(popup, QStringLiteral("GRPSP1"));
-        ASSERT_EQ(grid->maxRows(), 1);
-        emit grid->doubleClicked(1, 2);
+        auto* name = popup->findChild<QLineEdit*>(QStringLiteral("txtcodenm"));
+        typeText(name, QStringLiteral("루미엘"));
+        QTest::keyClick(name, Qt::Key_Return); // searches, and nothing else
+        auto* grid = popup->findChild<Spread*>(QStringLiteral("GRPSP1"));
+        searched = popup->isVisible() && grid->maxRows() == 1;
+        if (grid->maxRows() == 1) {
+            clickCell(grid, 1, 3, true);
+        }
+        if (popup->isVisible()) {
+            popup->close();
+        }
     });
-    child<QPushButton>(screen, QStringLiteral("cmdSerch"))->click();
+    QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdSerch")), Qt::LeftButton);
+    EXPECT_TRUE(searched);
     EXPECT_EQ(child<QLabel>(screen, QStringLiteral("lblBrand"))->text(), QStringLiteral("루미엘"));
-    screen->m_Save();
+    clickToolButton(mainWindow(), QStringLiteral("Save"));
+    EXPECT_TRUE(presenter->boxes.isEmpty());
     EXPECT_EQ(scalar(QStringLiteral("SELECT BRANDCD FROM C_STORE WHERE STORENAME = '분당점'")),
               QStringLiteral("02"));
+}
+
+TEST_F(Bamas105, aStoreClickedAndSavedUnchangedKeepsEveryColumn) {
+    // Two kinds share a name; values with blanks around them; a VAN store code.
+    exec(QStringLiteral("INSERT INTO C_GONGTONG (L_GRP_COD, S_GRP_COD, GRP_NAM, USEYN, DISP_SEQ) "
+                        "VALUES ('03', '09', '대리점', 'Y', 9)"));
+    exec(QStringLiteral("UPDATE C_STORE SET STOREGB = '09', STORENAME = '  송파점 ', "
+                        "STOREADDRES = ' 서울 송파구  ', VANSTRCD = 'V-77', STORENO = ' 1 ', "
+                        "SET03 = '1', SET10 = '1' WHERE COMPANY = '01' AND STORECD = '02'"));
+    reopen();
+    const QString columns = QStringLiteral(
+        "STOREGB || '|' || BRANDCD || '|' || STORENAME || '|' || STOREFULLNAME || '|' || "
+        "STORECEO || '|' || STORETEL || '|' || STORENO || '|' || STOREADDRES || '|' || USEYN || "
+        "'|' || BANKNAME || '|' || DEPOSITOR || '|' || ACCNO || '|' || REMARK || '|' || VANCD || "
+        "'|' || VANSTRCD || '|' || CASHBOX || '|' || PRTPORT || '|' || PRTTYPE || '|' || "
+        "PRTSPEED || '|' || SET01 || SET02 || SET03 || SET04 || SET05 || SET06 || SET07 || "
+        "SET08 || SET09 || SET10 || '|' || CURRYYYY");
+    const QString row = QStringLiteral("SELECT ") + columns +
+                        QStringLiteral(" FROM C_STORE WHERE COMPANY = '01' AND STORECD = '02'");
+    exec(QStringLiteral("UPDATE C_STORE SET BANKNAME = '', DEPOSITOR = '', ACCNO = '' "
+                        "WHERE BANKNAME IS NULL"));
+    const QString before = scalar(row);
+    clickCell(list, 2, 4);
+    EXPECT_EQ(combo("cboGT03")->currentIndex(), 3); // the kind by its code, not its name
+    EXPECT_EQ(box("txtVanSTRCD")->text(), QStringLiteral("V-77"));
+    clickToolButton(mainWindow(), QStringLiteral("Save"));
+    EXPECT_TRUE(presenter->boxes.isEmpty());
+    EXPECT_EQ(scalar(row), before);
+}
+
+TEST_F(Bamas105, theBaseYearIsTheCompanysAndClearLeavesItAndTheSettings) {
+    exec(QStringLiteral("UPDATE C_STORE SET CURRYYYY = '2024' WHERE COMPANY = '01'"));
+    exec(
+        QStringLiteral("UPDATE C_STORE SET CURRYYYY = '' WHERE COMPANY = '01' AND STORECD = '02'"));
+    reopen();
+    EXPECT_EQ(combo("cboYYYY")->currentText(), QStringLiteral("2024")); // a new store's year
+
+    clickCell(list, 1, 1);
+    combo("cboYYYY")->setCurrentText(QString::number(QDate::currentDate().year() + 1));
+    clickToolButton(mainWindow(), QStringLiteral("Clear"));
+    EXPECT_EQ(combo("cboYYYY")->currentText(), QString::number(QDate::currentDate().year() + 1));
+    EXPECT_EQ(combo("cboSet01")->currentIndex(), 1); // the clicked store's setting stays
+    EXPECT_TRUE(box("txtName")->text().isEmpty());
+
+    clickCell(list, 2, 1); // no year of its own: the company's, not what was on screen
+    EXPECT_EQ(combo("cboYYYY")->currentText(), QStringLiteral("2024"));
+    clickToolButton(mainWindow(), QStringLiteral("Save"));
+    EXPECT_EQ(
+        count(QStringLiteral("C_STORE"), QStringLiteral("COMPANY = '01' AND CURRYYYY = '2024'")),
+        2);
 }
 
 TEST_F(Bamas105, requiredFieldsAndTheHundredthStore) {
@@ -209,7 +276,7 @@ TEST_F(Bamas105, deleteAsksMessage95) {
 
 TEST_F(Bamas105, schoolNoticeSavesWithThreeDigitNumbersAndUpdatesThePeriodInForce) {
     exec(QStringLiteral("INSERT INTO C_SCHOOL (COMPANY, SCHOOLCD, SCHOOLNAME, USEYN) VALUES ('01', "
-                        "'001', '한빛중', 'Y')"));
+                        "'001', '한빛중', 'Y'), ('01', '002', '희망고', 'Y')"));
     BAMAS105_NOTICE notice(screen);
     auto* start = child<QDateEdit>(&notice, QStringLiteral("dtpStart"));
     auto* end = child<QDateEdit>(&notice, QStringLiteral("dtpEnd"));
@@ -244,4 +311,11 @@ TEST_F(Bamas105, schoolNoticeSavesWithThreeDigitNumbersAndUpdatesThePeriodInForc
     notice.cboSchool_Click(); // choosing the school shows its latest notice
     EXPECT_EQ(text->text(), QStringLiteral("4월 공지"));
     EXPECT_EQ(start->date(), QDate(2026, 4, 1));
+
+    // The next school has no notice: nothing of 한빛중's stays to be saved as its own.
+    auto* school = child<QComboBox>(&notice, QStringLiteral("cboSchool"));
+    school->setFocus();
+    QTest::keyClick(school, Qt::Key_Down);
+    ASSERT_EQ(school->currentText(), QStringLiteral("희망고"));
+    EXPECT_TRUE(text->text().isEmpty());
 }

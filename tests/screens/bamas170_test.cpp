@@ -1,5 +1,6 @@
 // The brand screen driven as a user does: list, pick, step the year, edit labels, save, delete.
 #include "screenfixture.h"
+#include "userinput.h"
 
 #include "grid/spreadroutines.h"
 #include "screens/organisation/BAMAS170.h"
@@ -166,4 +167,48 @@ TEST_F(Bamas170, nameIsRequiredAndDeleteLeavesTheSizeRows) {
     EXPECT_EQ(count(QStringLiteral("C_BRAND"), QStringLiteral("BRANDCD = '01'")), 0);
     EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("BRANDCD = '01'")), 2);
     EXPECT_EQ(list->maxRows(), 1);
+}
+
+TEST_F(Bamas170, aLabelTypedIntoACellIsSavedByTheToolBarAndAYearIsWrittenAnew) {
+    clickCell(list, 1, 2);
+    year->setText(QStringLiteral("2023"));
+    QTest::keyClick(year, Qt::Key_Return);
+    ASSERT_EQ(labels(QStringLiteral("H"), QStringLiteral("X")), QStringLiteral("85|90|95"));
+    int row = 1;
+    while (gfSpreadText(sizes, row, 2) != QStringLiteral("H") ||
+           gfSpreadText(sizes, row, 3) != QStringLiteral("X")) {
+        ++row;
+    }
+    // Typed, not committed with Enter: the tool bar's click takes no focus.
+    typeIntoCell(sizes, row, 6, QStringLiteral("160"));
+    clickToolButton(mainWindow(), QStringLiteral("Save"));
+    EXPECT_TRUE(presenter->boxes.isEmpty());
+    EXPECT_EQ(scalar(QStringLiteral("SELECT C03 FROM C_BRANDSIZE WHERE BRANDCD = '01' AND "
+                                    "YYYY = '2023' AND TEENSCOPE = 'H' AND SIZETAB = 'X'")),
+              QStringLiteral("160"));
+    // The year had rows already: they are replaced, not added to.
+    EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("YYYY = '2023'")), 4);
+
+    // A lone "0" is a label like any other, kept as typed.
+    screen->SP1_Click(1);
+    year->setText(QStringLiteral("2023"));
+    screen->fSizeTab_View();
+    typeIntoCell(sizes, row, 4, QStringLiteral("0"));
+    clickToolButton(mainWindow(), QStringLiteral("Save"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT C01 || '|' || C03 FROM C_BRANDSIZE WHERE YYYY = "
+                                    "'2023' AND TEENSCOPE = 'H' AND SIZETAB = 'X'")),
+              QStringLiteral("0|160"));
+    EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("YYYY = '2023'")), 4);
+    pickBrand(1, QStringLiteral("2023"));
+    EXPECT_EQ(labels(QStringLiteral("H"), QStringLiteral("X")), QStringLiteral("0|90|160"));
+}
+
+TEST_F(Bamas170, anEmptyYearIsRefusedAndWritesNothing) {
+    pickBrand(1, QStringLiteral("2023"));
+    year->clear();
+    screen->m_Save();
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_TRUE(presenter->boxes[0].text.contains(QStringLiteral("년도")));
+    EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("YYYY = ''")), 0);
+    EXPECT_EQ(child<QLabel>(screen, QStringLiteral("lblCode"))->text(), QStringLiteral("01"));
 }

@@ -34,9 +34,12 @@ void clickCell(Spread* grid, int row, int col, bool doubleClick) {
 
 void typeIntoCell(Spread* grid, int row, int col, const QString& text) {
     clickCell(grid, row, col);
-    QWidget* target = grid->view();
-    QTest::keyClicks(target, text);
-    QApplication::processEvents();
+    // The first key opens the cell's editor, which then has the focus for the others.
+    for (const QChar c : text) {
+        QWidget* target = QApplication::focusWidget() ? QApplication::focusWidget() : grid->view();
+        QTest::keyClicks(target, QString(c));
+        QApplication::processEvents();
+    }
 }
 
 void clickToolButton(MAINMDI* window, const QString& key) {

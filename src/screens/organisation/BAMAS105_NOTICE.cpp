@@ -5,6 +5,7 @@
 #include "data/dialect.h"
 #include "data/messages.h"
 #include "data/session.h"
+#include "data/sqlbuild.h"
 #include "data/sqlvalue.h"
 #include "grid/inputhelpers.h"
 #include "shell/codecontrols.h"
@@ -38,7 +39,7 @@ QDateEdit* dateField(QWidget* parent, const QString& name) {
 } // namespace
 
 BAMAS105_NOTICE::BAMAS105_NOTICE(QWidget* parent)
-    : QDialog(parent), cboSchool(new QComboBox(this)),
+    : Popup(parent), cboSchool(new QComboBox(this)),
       dtpStart(dateField(this, QStringLiteral("dtpStart"))),
       dtpEnd(dateField(this, QStringLiteral("dtpEnd"))), txtNotice(new QLineEdit(this)) {
     setObjectName(QStringLiteral("BAMAS105_NOTICE"));
@@ -61,9 +62,7 @@ BAMAS105_NOTICE::BAMAS105_NOTICE(QWidget* parent)
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     const auto button = [this, buttons](const QString& name, const QString& caption) {
-        auto* b = new QPushButton(caption, this);
-        b->setObjectName(name);
-        b->setAutoDefault(false);
+        QPushButton* b = Popup::button(name, caption);
         buttons->addWidget(b);
         return b;
     };
@@ -92,7 +91,12 @@ QString BAMAS105_NOTICE::schoolCode() const {
 void BAMAS105_NOTICE::showNotice(const QString& sql, const QString& place) {
     gfTrap(place, [&] {
         RecordSet rs;
-        if (!gfbSqlSelectDB(sql, rs) || rs.eof()) {
+        if (!gfbSqlSelectDB(sql, rs)) {
+            return;
+        }
+        // No notice: nothing of another school's may stay to be saved as this one's.
+        if (rs.eof()) {
+            txtNotice->clear();
             return;
         }
         dtpStart->setDate(
@@ -173,13 +177,9 @@ void BAMAS105_NOTICE::cmdSave_Click() {
                       quoted(rs.field(QStringLiteral("NOTICESEQ")));
             } else {
                 // The next number of the school, in three digits.
-                const QString next =
-                    QStringLiteral("(SELECT RTRIM(") +
-                    dialect().cat(
-                        {QStringLiteral("REPLICATE('0', 3 - LEN(ISNULL(MAX(NOTICESEQ),0)+1))"),
-                         QStringLiteral(" CAST(ISNULL(MAX(NOTICESEQ),0)+1 AS CHAR)")}) +
-                    QStringLiteral(") FROM C_SCHOOLNOTICE WHERE COMPANY = ") + company() +
-                    QStringLiteral(" AND SCHOOLCD = ") + school + QStringLiteral(")");
+                const QString next = nextCodeByMax(
+                    QStringLiteral("C_SCHOOLNOTICE"), QStringLiteral("NOTICESEQ"), 3,
+                    whereCompany() + andEquals(QStringLiteral("SCHOOLCD"), schoolCode()));
                 sql = QStringLiteral(" INSERT INTO C_SCHOOLNOTICE (COMPANY, SCHOOLCD, NOTICESEQ, "
                                      "STARTDT, ENDDT, NOTICE) "
                                      "VALUES (") +

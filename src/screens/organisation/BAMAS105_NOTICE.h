@@ -1,15 +1,14 @@
 #pragma once
 
 #include "data/codelists.h"
-
-#include <QDialog>
+#include "shell/popup.h"
 
 class QComboBox;
 class QDateEdit;
 class QLineEdit;
 
 // Temporary notices per school, printed on the receipt while their period runs.
-class BAMAS105_NOTICE : public QDialog {
+class BAMAS105_NOTICE : public Popup {
     Q_OBJECT
 public:
     explicit BAMAS105_NOTICE(QWidget* parent = nullptr);
