@@ -141,9 +141,24 @@ QString gfRdoGetDbSysDate() {
 
 Database& gDb() { return *session().gDb; }
 
+namespace {
+const Dialect* spelledAs = nullptr;
+} // namespace
+
 const Dialect& dialect() {
     static const Dialect embedded(Dialect::Engine::Sqlite);
+    if (spelledAs) {
+        return *spelledAs;
+    }
     return session().gDb ? session().gDb->dialect() : embedded;
+}
+
+ScopedDialect::ScopedDialect(const Dialect& dialect) : m_previous(spelledAs) {
+    spelledAs = &dialect;
+}
+
+ScopedDialect::~ScopedDialect() {
+    spelledAs = m_previous;
 }
 
 Transaction::Transaction() {

@@ -25,6 +25,19 @@ Database& gDb();
 // Shorthand for gDb().dialect() once connected; a SQLite dialect before any connection.
 const class Dialect& dialect();
 
+// While it lives, dialect() spells statements for another engine than the connection's: the
+// tests read the server's text of a statement that they run on the embedded engine.
+class ScopedDialect {
+public:
+    explicit ScopedDialect(const Dialect& dialect);
+    ~ScopedDialect();
+    ScopedDialect(const ScopedDialect&) = delete;
+    ScopedDialect& operator=(const ScopedDialect&) = delete;
+
+private:
+    const Dialect* m_previous;
+};
+
 // A unit of work on gDb: begins on construction, rolls back on destruction unless committed.
 class Transaction {
 public:
