@@ -76,6 +76,24 @@ void gsReadCode(QComboBox* combo, CodeArray& arr, const QString& kind, const QSt
     combo->setCurrentIndex(0);
 }
 
+bool gsFillPicker(QComboBox* combo, CodeArray& arr, const QString& sql, const QString& blankText,
+                  const QString& blankCode) {
+    RecordSet rs;
+    if (!gfbSqlSelectDB(sql, rs)) {
+        return false;
+    }
+    const QSignalBlocker block(combo);
+    combo->clear();
+    arr.reset(blankCode);
+    combo->addItem(blankText);
+    for (rs.moveFirst(); !rs.eof(); rs.moveNext()) {
+        combo->addItem(rs.value(1).trimmed());
+        arr.append(rs.value(0), rs.value(1), rs.value(1));
+    }
+    combo->setCurrentIndex(0);
+    return true;
+}
+
 void gsReadCodeOptions(ButtonArray* array, CodeArray& arr, const QString& kind, int columns) {
     readButtons(array, arr, kind, columns);
 }

@@ -12,6 +12,11 @@ class ButtonArray;
 // they were. Row 0 ends selected.
 void gsReadCode(QComboBox* combo, CodeArray& arr, const QString& kind,
                 const QString& brandCode = QString(), bool bAll = false);
+// Fills a picker from a select of code and name (fields 0 and 1): row 0 shows blankText with
+// the code blankCode, then one row a record showing its trimmed name. The combo ends on row 0,
+// without a signal. A failed select leaves both as they were and answers false.
+bool gsFillPicker(QComboBox* combo, CodeArray& arr, const QString& sql, const QString& blankText,
+                  const QString& blankCode);
 // Builds an option or check array from a code list, `columns` across.
 void gsReadCodeOptions(ButtonArray* array, CodeArray& arr, const QString& kind, int columns);
 void gsReadCodeChecks(ButtonArray* array, CodeArray& arr, const QString& kind, int columns);

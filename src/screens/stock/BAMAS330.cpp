@@ -2,6 +2,7 @@
 
 #include "data/dbroutines.h"
 #include "data/dialect.h"
+#include "data/pickers.h"
 #include "data/session.h"
 #include "data/sqlvalue.h"
 #include "data/waitcursor.h"
@@ -225,122 +226,31 @@ void BAMAS330::cboStore_Click() {
     fillUniforms();
 }
 
+PickerScope BAMAS330::pickerScope() const {
+    PickerScope scope;
+    scope.company = session().gsCompany;
+    scope.store = code(cboStore, m_store);
+    scope.brand = code(cboBrand, m_brand);
+    scope.sex = code(cboGT23, m_gt23);
+    scope.schoolLevel = cboGT25->currentIndex();
+    scope.contractRow = cboGT29->currentIndex();
+    scope.contractYear = m_currentYear;
+    scope.season = code(cboGT22, m_gt22);
+    scope.subMain = code(cboGT28, m_gt28);
+    return scope;
+}
+
 void BAMAS330::fillSchools() {
     guarded(QStringLiteral("cboStore_Click"), [this] {
-        const QString nl = dialect().nolock();
-        QString sql =
-            QStringLiteral(
-                " SELECT DISTINCT SC.SCHOOLCD, SC.SCHOOLNAME FROM C_SCHOOL SC %1, C_STORE ST %1, "
-                "C_STORESCHOOL SS %1 WHERE SC.COMPANY = ST.COMPANY AND SS.COMPANY = SC.COMPANY "
-                "AND SS.STORECD = ST.STORECD AND SS.SCHOOLCD = SC.SCHOOLCD AND SC.USEYN = 'Y' "
-                "AND ST.USEYN = 'Y' AND SS.USEYN = 'Y' AND SC.COMPANY = %2")
-                .arg(nl, company());
-        const int level = cboGT25->currentIndex();
-        if (level >= 1 && level <= 3) {
-            sql += QStringLiteral(" AND SC.SCHOOLLEVEL IN ('%1')").arg(level);
-        }
-        const QString sex = code(cboGT23, m_gt23);
-        if (sex == QStringLiteral("B")) {
-            sql += QStringLiteral(" AND SC.SCHOOLDIVIDE IN ('1','3')");
-        } else if (sex == QStringLiteral("G")) {
-            sql += QStringLiteral(" AND SC.SCHOOLDIVIDE IN ('2','3')");
-        }
-        if (cboStore->currentIndex() > 0) {
-            sql += QStringLiteral(" AND ST.STORECD = ") + quoted(gfComboCode(cboStore, m_store));
-        }
-        if (cboBrand->currentIndex() > 0) {
-            sql += QStringLiteral(" AND ST.BRANDCD = ") + quoted(gfComboCode(cboBrand, m_brand));
-        }
-        const int contract = cboGT29->currentIndex();
-        if (contract == 2 || contract == 3) {
-            const QString today =
-                quoted(QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd")));
-            sql += QStringLiteral(" AND SC.SCHOOLCD ") +
-                   (contract == 2 ? QStringLiteral("NOT IN") : QStringLiteral("IN")) +
-                   QStringLiteral(
-                       " (SELECT SCHOOLCD FROM C_G2B WHERE COMPANY = SC.COMPANY AND YYYY = ") +
-                   quoted(m_currentYear) +
-                   (cboGT22->currentIndex() > 0
-                        ? QStringLiteral(" AND SEASON = ") + quoted(gfComboCode(cboGT22, m_gt22))
-                        : QString()) +
-                   QStringLiteral(" AND ") + today + QStringLiteral(" BETWEEN STARTDT AND ENDDT)");
-        }
-        sql += QStringLiteral(" ORDER BY SC.SCHOOLNAME");
-        RecordSet rs;
-        if (!gfbSqlSelectDB(sql, rs)) {
-            return;
-        }
-        const QSignalBlocker block(cboSchool);
-        cboSchool->clear();
-        m_school.reset(QStringLiteral("*"));
-        cboSchool->addItem(QStringLiteral(" "));
-        for (rs.moveFirst(); !rs.eof(); rs.moveNext()) {
-            cboSchool->addItem(rs.value(1).trimmed());
-            m_school.append(rs.value(0).trimmed(), rs.value(1), rs.value(1));
-        }
+        gsFillPicker(cboSchool, m_school, schoolPickerSql(pickerScope()), QStringLiteral(" "),
+                     QStringLiteral("*"));
     });
 }
 
 void BAMAS330::fillUniforms() {
     guarded(QStringLiteral("cboUniform_Fill"), [this] {
-        const Dialect& d = dialect();
-        const QString nl = d.nolock();
-        QString sql = QStringLiteral(" SELECT DISTINCT UN.UNIFORMNAME, ") +
-                      d.cat({QStringLiteral("RTRIM(UN.SEASON)"), QStringLiteral("RTRIM(UN.DIVIDE)"),
-                             d.toChar(QStringLiteral("RTRIM(UN.UNIFORMSEQ)"), 2)}) +
-                      QStringLiteral(" CD, UN.SUBMAIN, UN.UNITYPE FROM C_UNIFORM UN ") + nl +
-                      QStringLiteral(" WHERE UN.COMPANY = ") + company() +
-                      QStringLiteral(" AND UN.UNIFORMCOMSEQ = '' AND UN.USEYN = 'Y'");
-        // Only the items that the schools of the chosen store (brand, level) offer.
-        QString schools =
-            QStringLiteral(" AND EXISTS (SELECT 1 FROM C_SCHOOLUNIFORM SU %1, C_STORESCHOOL SS %1, "
-                           "C_STORE ST %1, C_SCHOOL SC %1 WHERE SU.COMPANY = UN.COMPANY "
-                           "AND SU.SEASON = UN.SEASON AND SU.DIVIDE = UN.DIVIDE "
-                           "AND SU.UNIFORMSEQ = UN.UNIFORMSEQ AND SU.UNIFORMCOMSEQ = '' "
-                           "AND SU.USEYN = 'Y' AND SS.COMPANY = SU.COMPANY "
-                           "AND SS.SCHOOLCD = SU.SCHOOLCD AND SS.USEYN = 'Y' "
-                           "AND ST.COMPANY = SS.COMPANY AND ST.STORECD = SS.STORECD "
-                           "AND SC.COMPANY = SS.COMPANY AND SC.SCHOOLCD = SS.SCHOOLCD")
-                .arg(nl);
-        const int level = cboGT25->currentIndex();
-        if (level >= 1 && level <= 3) {
-            schools += QStringLiteral(" AND SC.SCHOOLLEVEL IN ('%1')").arg(level);
-        }
-        if (cboStore->currentIndex() > 0) {
-            schools +=
-                QStringLiteral(" AND ST.STORECD = ") + quoted(gfComboCode(cboStore, m_store));
-        }
-        if (cboBrand->currentIndex() > 0) {
-            schools +=
-                QStringLiteral(" AND ST.BRANDCD = ") + quoted(gfComboCode(cboBrand, m_brand));
-        }
-        sql += schools + QStringLiteral(")");
-        if (cboGT28->currentIndex() > 0) {
-            sql += QStringLiteral(" AND UN.SUBMAIN IN (") + quoted(gfComboCode(cboGT28, m_gt28)) +
-                   QStringLiteral(")");
-        }
-        const QString sex = code(cboGT23, m_gt23);
-        if (sex == QStringLiteral("B") || sex == QStringLiteral("G")) {
-            sql += QStringLiteral(" AND (UN.DIVIDE = ") + quoted(sex) +
-                   QStringLiteral(" OR UN.MIXUNIFORM = '1')");
-        }
-        const QString season = code(cboGT22, m_gt22);
-        if (season == QStringLiteral("N") || season == QStringLiteral("S")) {
-            sql += QStringLiteral(" AND UN.SEASON IN (") + quoted(season) + QStringLiteral(",'A')");
-        }
-        sql += QStringLiteral(" ORDER BY UN.SUBMAIN, UN.UNITYPE, UN.UNIFORMNAME");
-        RecordSet rs;
-        if (!gfbSqlSelectDB(sql, rs)) {
-            return;
-        }
-        const QSignalBlocker block(cboUniform);
-        cboUniform->clear();
-        m_uniform.reset(QStringLiteral("**"));
-        cboUniform->addItem(QStringLiteral("전체"));
-        for (rs.moveFirst(); !rs.eof(); rs.moveNext()) {
-            cboUniform->addItem(rs.value(0).trimmed());
-            m_uniform.append(rs.value(1), rs.value(0), rs.value(0));
-        }
+        gsFillPicker(cboUniform, m_uniform, itemPickerSql(pickerScope()), QStringLiteral("전체"),
+                     QStringLiteral("**"));
     });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/codelists.h"
+#include "data/pickers.h"
 #include "screens/stock/stockstatement.h"
 #include "shell/screen.h"
 
@@ -34,6 +35,8 @@ private:
     // The store's handler, which the school-narrowing filters re-enter: refills the school and
     // item lists while tab 1 shows.
     void cboStore_Click();
+    // The store, brand and filters that narrow the school and item lists.
+    PickerScope pickerScope() const;
     void fillSchools();
     void fillUniforms();
     void colourButtons(QPushButton* active);

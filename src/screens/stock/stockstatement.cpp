@@ -1,17 +1,11 @@
 #include "screens/stock/stockstatement.h"
 
 #include "data/dialect.h"
+#include "data/itemcode.h"
 #include "data/schema/views.h"
 #include "data/sqlvalue.h"
 
 namespace {
-
-QString itemCode(const Dialect& d, const QString& alias) {
-    return d.cat({QStringLiteral("RTRIM(%1.SEASON)").arg(alias),
-                  QStringLiteral("RTRIM(%1.DIVIDE)").arg(alias),
-                  d.toChar(QStringLiteral("RTRIM(%1.UNIFORMSEQ)").arg(alias), 2),
-                  QStringLiteral("RTRIM(%1.UNIFORMCOMSEQ)").arg(alias)});
-}
 
 // Sales by item, year and size label, less reservations whose goods are still on the shelf.
 QString saleStep(const StockFilter& f, const Dialect& d) {
@@ -55,7 +49,7 @@ QString saleStep(const StockFilter& f, const Dialect& d) {
                           "          CASE WHEN SUBSTRING(OD.UNIFORMCD, 2, 1) = 'B' THEN '1' "
                           "               WHEN SUBSTRING(OD.UNIFORMCD, 2, 1) = 'G' THEN '2' END, "
                           "          OD.UNIFORMCD, OD.YYYY, OD.SIZETAB, OD.SIZE) ")
-        .arg(nl, quoted(f.company), quoted(f.store), itemCode(d, QStringLiteral("SU")));
+        .arg(nl, quoted(f.company), quoted(f.store), itemFullCode(d, QStringLiteral("SU")));
 }
 
 // Every sellable line of the store with its labels: sales and receipts are read against it.
@@ -68,7 +62,7 @@ QString titleStep(const StockFilter& f, const Dialect& d) {
                "     FROM C_UNIFORM UF %2, VIW_SCHUNIFOMSIZE2 BS %2 "
                "    WHERE UF.USEYN = 'Y' AND UF.COMPANY = BS.COMPANY AND UF.SIZETAB = BS.SIZETAB "
                "      AND BS.CD = %3 AND BS.COMPANY = %4 AND BS.STORECD = %5) ")
-        .arg(eachSize(QStringLiteral("BS.C%1")), d.nolock(), itemCode(d, QStringLiteral("UF")),
+        .arg(eachSize(QStringLiteral("BS.C%1")), d.nolock(), itemFullCode(d, QStringLiteral("UF")),
              quoted(f.company), quoted(f.store));
 }
 
@@ -146,8 +140,7 @@ QString namesStep(const StockFilter& f, StockReport report, const Dialect& d) {
     if (!f.uniform.isEmpty()) {
         itemFilters +=
             QStringLiteral(" AND ") +
-            d.cat({QStringLiteral("RTRIM(UF.SEASON)"), QStringLiteral("RTRIM(UF.DIVIDE)"),
-                   d.toChar(QStringLiteral("RTRIM(UF.UNIFORMSEQ)"), 2)}) +
+            itemBaseCode(d, QStringLiteral("UF")) +
             QStringLiteral(" = ") + quoted(f.uniform);
     }
     QString schoolFilters;
@@ -192,7 +185,7 @@ QString namesStep(const StockFilter& f, StockReport report, const Dialect& d) {
                         yearName, common ? QStringLiteral("'1'") : QStringLiteral("CS.SCHOOLLEVEL"),
                         eachSize(QStringLiteral("SC.C%1QTY")),
                         common ? QStringLiteral("1") : QStringLiteral("2"), nl,
-                        itemCode(d, QStringLiteral("UF")), quoted(f.company), quoted(f.brand))
+                        itemFullCode(d, QStringLiteral("UF")), quoted(f.company), quoted(f.brand))
                    .arg(quoted(f.store), quoted(f.yearFrom), quoted(f.yearTo)) +
                itemFilters +
                (common ? QStringLiteral(" AND RTRIM(UF.UNIFORMCOMSEQ) > ''")
