@@ -91,6 +91,7 @@ FieldBinding& RecordForm::number(QLineEdit* box, const QString& column) {
 
 FieldBinding& RecordForm::key(QLabel* label, const QString& column) {
     FieldBinding& b = add(column, label);
+    label->setFrameShape(QFrame::StyledPanel); // a field, though nobody types into it
     b.m_get = [label] { return label->text(); };
     b.m_set = [label](const QString& v) { label->setText(v.trimmed()); };
     b.m_blank = [label] { return label->text().trimmed().isEmpty(); };
