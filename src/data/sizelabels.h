@@ -5,6 +5,9 @@
 // The size model: for a brand and a year, the label of each of the 24 size positions of every
 // pair of teen range and size table (C_BRANDSIZE), as every stock and sales screen shows them.
 
+// Size positions of every quantity row and label row.
+constexpr int kSizePositions = 24;
+
 // "C01" .. "C24": the label column of a size position (1 to 24).
 QString sizeLabelColumn(int position);
 

@@ -23,6 +23,11 @@
 //     }
 //     SP1->setRedraw(true);
 
+// Heading row `index` (0 the first) in the grid's row numbers.
+constexpr int gfHeadRow(int index) {
+    return SpreadModel::kHeadBase + index;
+}
+
 // Sheet-wide setup. headRows of 2 or more sets the number of heading rows; headingFlag shows
 // "NO" and row numbers in column 0; readOnly gives a grid of cells that take no input, otherwise
 // the grid selects whole rows and its unlocked cells are editable. scrollBars: 0 none,

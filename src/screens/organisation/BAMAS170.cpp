@@ -48,7 +48,7 @@ const GridColumns& sizeColumns() {
             {u"GT27CD"_s, u"CD"_s, CellType::Static, 3, Align::Centre},
             {u"SIZETAB"_s, u"탭"_s, CellType::Static, 3, Align::Centre},
         };
-        for (int n = 1; n <= 24; ++n) {
+        for (int n = 1; n <= kSizePositions; ++n) {
             columns.push_back(
                 {sizeLabelColumn(n), QString::number(n), CellType::Edit, 4, Align::Centre});
         }
@@ -206,7 +206,7 @@ bool BAMAS170::saveSizeRows() {
                            {u"YYYY"_s, quoted(yearBox->year())},
                            {u"TEENSCOPE"_s, quoted(columns.value(SP2, row, u"GT27CD"_s).trimmed())},
                            {u"SIZETAB"_s, quoted(columns.value(SP2, row, u"SIZETAB"_s).trimmed())}};
-        for (int n = 1; n <= 24; ++n) {
+        for (int n = 1; n <= kSizePositions; ++n) {
             values.append({sizeLabelColumn(n),
                            quoted(columns.value(SP2, row, sizeLabelColumn(n)).trimmed())});
         }

@@ -3,6 +3,8 @@
 #include "data/dbroutines.h"
 #include "data/dialect.h"
 #include "data/pickers.h"
+#include "data/sizelabels.h"
+#include "grid/gridcolumns.h"
 #include "data/session.h"
 #include "data/sqlvalue.h"
 #include "data/waitcursor.h"
@@ -48,6 +50,34 @@ QString company() {
 
 QString code(const QComboBox* combo, const CodeArray& arr) {
     return combo->currentIndex() > 0 ? gfComboCode(combo, arr) : QString();
+}
+
+} // namespace
+
+namespace {
+
+// SP31 in the order of the Column numbers above: filled row by row by the report.
+const GridColumns& reportColumns() {
+    static const GridColumns table = [] {
+        std::vector<GridColumn> c{
+            {QString(), QStringLiteral(" "), CellType::Static, 0},
+            {QString(), QStringLiteral("매장"), CellType::Static, 10},
+            {QString(), QStringLiteral("학교"), CellType::Static, 10},
+            {QString(), QStringLiteral("성별"), CellType::Static, 5},
+            // Wider than the old 15: the longest item names (10 and more Korean letters) were
+            // cut off.
+            {QString(), QStringLiteral("복종"), CellType::Static, 21},
+            {QString(), QStringLiteral("년식"), CellType::Static, 5},
+            {QString(), QStringLiteral("합계"), CellType::Static, 6, Align::Right},
+            {QString(), QString(), CellType::Static, 4, Align::Centre},
+        };
+        for (int n = 1; n <= kSizePositions; ++n) {
+            c.push_back({QString(), QString(), CellType::Static, 4, Align::Right});
+        }
+        c.push_back({QString(), QStringLiteral("최종등록일"), CellType::Static, 12, Align::Centre});
+        return GridColumns(std::move(c));
+    }();
+    return table;
 }
 
 } // namespace
@@ -171,28 +201,7 @@ QWidget* BAMAS330::buildStockTab() {
     SP31 = new Spread(tab);
     SP31->setObjectName(QStringLiteral("SP31"));
     gsSpreadInit(SP31, QStringLiteral("굴림체"), 10, 18, 18, 0, 0xC0C0C0, 3, false, true);
-    gsSpreadColumn(SP31, ColKey, QStringLiteral(" "), 5, 0);
-    const struct {
-        int col;
-        const char* heading;
-        double width;
-    } fixed[] = {{ColStore, "매장", 10},
-                 {ColSchool, "학교", 10},
-                 {ColSex, "성별", 5},
-                 // Wider than the old 15: the longest item names (10 and more Korean letters)
-                 // were cut off.
-                 {ColUniform, "복종", 21},
-                 {ColYear, "년식", 5},
-                 {ColTotal, "합계", 6}};
-    for (const auto& f : fixed) {
-        gsSpreadColumn(SP31, f.col, QString::fromUtf8(f.heading), 5, f.width, 0,
-                       f.col == ColTotal ? QStringLiteral("R") : QStringLiteral("L"));
-    }
-    gsSpreadColumn(SP31, ColSizeTab, QString(), 5, 4, 0, QStringLiteral("M"));
-    for (int c = ColFirstSize; c <= ColLastSize; ++c) {
-        gsSpreadColumn(SP31, c, QString(), 5, 4, 0, QStringLiteral("R"));
-    }
-    gsSpreadColumn(SP31, ColModelYear, QStringLiteral("최종등록일"), 5, 12, 0, QStringLiteral("M"));
+    reportColumns().setUp(SP31);
     gsSpreadFreezeCols(SP31, ColTotal);
     column->addWidget(SP31, 1);
 

@@ -1,5 +1,7 @@
 #include "screens/stock/sizeheadings.h"
 
+#include "data/sizelabels.h"
+
 #include "data/dbroutines.h"
 #include "data/dialect.h"
 #include "data/schema/views.h"
@@ -66,7 +68,7 @@ bool readSizeHeadings(const QString& store, const QString& brand, const QString&
     rows.clear();
     for (rs.moveFirst(); !rs.eof(); rs.moveNext()) {
         SizeHeadingRow row{rs.value(1).trimmed(), {}};
-        for (int n = 0; n < 24; ++n) {
+        for (int n = 0; n < kSizePositions; ++n) {
             row.labels << rs.value(2 + n).trimmed();
         }
         rows << row;
@@ -80,19 +82,20 @@ void writeSizeHeadings(Spread* grid, const QList<SizeHeadingRow>& rows, const QS
     grid->setHeadRows(headRows);
     const int sizeTabCol = int(leading.size()) + 1;
     for (int r = 0; r < headRows; ++r) {
-        const int row = -1000 + r;
+        const int row = gfHeadRow(r);
         for (int c = 0; c < leading.size(); ++c) {
             gsSpreadSetText(grid, row, c + 1, leading.at(c));
         }
         const SizeHeadingRow heading = r < rows.size() ? rows.at(r) : SizeHeadingRow{};
         gsSpreadSetText(grid, row, sizeTabCol, heading.sizeTab);
-        for (int n = 0; n < 24; ++n) {
+        for (int n = 0; n < kSizePositions; ++n) {
             gsSpreadSetText(grid, row, sizeTabCol + 1 + n, heading.labels.value(n));
         }
         for (int c = 0; c < trailing.size(); ++c) {
-            gsSpreadSetText(grid, row, sizeTabCol + 25 + c, trailing.at(c));
+            gsSpreadSetText(grid, row, sizeTabCol + 1 + kSizePositions + c, trailing.at(c));
         }
     }
     gsSpreadHeaderColMerge(grid, 1, int(leading.size()));
-    gsSpreadHeaderColMerge(grid, sizeTabCol + 25, sizeTabCol + 24 + int(trailing.size()));
+    gsSpreadHeaderColMerge(grid, sizeTabCol + 1 + kSizePositions,
+                           sizeTabCol + kSizePositions + int(trailing.size()));
 }
