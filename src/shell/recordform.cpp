@@ -8,6 +8,7 @@
 #include "grid/inputhelpers.h"
 #include "grid/spread.h"
 #include "shell/codecontrols.h"
+#include "shell/codeoptionfield.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -34,8 +35,8 @@ int columnBytes(const QString& table, const QString& column) {
 
 FieldBinding& FieldBinding::required() {
     m_required = true;
-    if (m_widget) {
-        RecordForm::markRequired(m_widget);
+    if (QWidget* marked = m_marked ? m_marked : m_widget) {
+        RecordForm::markRequired(marked);
     }
     return *this;
 }
@@ -105,6 +106,15 @@ FieldBinding& RecordForm::code(QComboBox* combo, const CodeArray& codes, const Q
     b.m_get = [combo, arr] { return gfComboCode(combo, *arr); };
     b.m_set = [combo, arr](const QString& v) { gfComboFindCode(combo, *arr, v.trimmed()); };
     b.m_blank = [combo] { return combo->currentIndex() < 1; };
+    return b;
+}
+
+FieldBinding& RecordForm::codeOptions(CodeOptionField* field, const QString& column) {
+    FieldBinding& b = add(column, field);
+    b.m_marked = field->box();
+    b.m_get = [field] { return field->code(); };
+    b.m_set = [field](const QString& v) { field->setCode(v); };
+    b.m_blank = [field] { return field->code().isEmpty(); };
     return b;
 }
 
@@ -283,7 +293,7 @@ FieldBinding* RecordForm::binding(const QString& column) {
 void RecordForm::markRequired(QWidget* field) {
     QPalette palette = field->palette();
     for (auto role : {QPalette::Base, QPalette::Window, QPalette::Button}) {
-        palette.setColor(role, QColor(0xcc, 0xff, 0xcc));
+        palette.setColor(role, QColor(192, 255, 192));
     }
     field->setPalette(palette);
     if (qobject_cast<QLabel*>(field)) {

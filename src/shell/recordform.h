@@ -12,6 +12,7 @@
 #include <utility>
 
 class GridColumns;
+class CodeOptionField;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -47,7 +48,8 @@ private:
     QString m_column;
     QString m_source;
     QWidget* m_widget = nullptr;
-    QLineEdit* m_box = nullptr; // a text box: cut to its byte limit before a save
+    QWidget* m_marked = nullptr; // what the green mark colours, when not the widget itself
+    QLineEdit* m_box = nullptr;  // a text box: cut to its byte limit before a save
     std::function<QString()> m_get;
     std::function<void(const QString&)> m_set;
     std::function<bool()> m_blank;
@@ -76,6 +78,8 @@ public:
     FieldBinding& key(QLabel* label, const QString& column);
     // A combo filled by gsReadCode: the code of the selected row.
     FieldBinding& code(QComboBox* combo, const CodeArray& codes, const QString& column);
+    // A code box with its option array; the code in the box is stored.
+    FieldBinding& codeOptions(CodeOptionField* field, const QString& column);
     // A combo whose list index is stored, as text ("0" for the first item).
     FieldBinding& index(QComboBox* combo, const QString& column);
     // A combo whose item text is stored; a stored text not in the list is added to it.
