@@ -59,8 +59,9 @@ QString schoolPickerSql(const PickerScope& s) {
 QString itemPickerSql(const PickerScope& s) {
     const Dialect& d = dialect();
     const QString nl = d.nolock();
-    QString sql = u" SELECT DISTINCT UN.UNIFORMNAME, "_s + itemBaseCode(d, u"UN"_s) +
-                  u" CD, UN.SUBMAIN, UN.UNITYPE FROM C_UNIFORM UN "_s + nl +
+    // Code first, then the name: the order of every picker's rows.
+    QString sql = u" SELECT DISTINCT "_s + itemBaseCode(d, u"UN"_s) +
+                  u" CD, UN.UNIFORMNAME, UN.SUBMAIN, UN.UNITYPE FROM C_UNIFORM UN "_s + nl +
                   u" WHERE UN.COMPANY = "_s + quoted(s.company) +
                   u" AND UN.UNIFORMCOMSEQ = '' AND UN.USEYN = 'Y'"_s;
     // Only the items that the schools of the chosen store (brand, level) offer.

@@ -17,6 +17,7 @@
 
 #include <xlsxwriter.h>
 
+#include <functional>
 #include <vector>
 
 QString gsExcelColName(int n) {
@@ -90,6 +91,25 @@ bool plainNumber(const QString& text, double* value, bool* grouped) {
         }
     }
     return gfIsNumeric(text, value);
+}
+
+std::function<bool(const QString&)>& desktopOpener() {
+    static std::function<bool(const QString&)> open;
+    return open;
+}
+
+// Opens a file or folder with the desktop's program for it; true where there is nothing to open
+// on (no screen, or TORVIX_NO_OPEN set).
+bool openOnDesktop(const QString& path) {
+    if (desktopOpener()) {
+        return desktopOpener()(path);
+    }
+    const QString platform = QGuiApplication::platformName();
+    if (qEnvironmentVariableIsSet("TORVIX_NO_OPEN") || platform == QLatin1String("offscreen") ||
+        platform == QLatin1String("minimal")) {
+        return true;
+    }
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
 class Writer {
@@ -189,14 +209,18 @@ bool writeGridWorkbook(const QString& path, const QString& title, int lastCol, S
     Writer writer(sheet);
     bool ok = true;
     const int lastSheetCol = columns.back().sheet;
-    ok &= worksheet_merge_range(sheet, 0, 0, 0, lxw_col_t(lastSheetCol), "", titleFormat) ==
-          LXW_NO_ERROR;
+    // A sheet of one column has nothing to merge (and a single cell cannot be merged).
+    const auto mergeRow = [&](int row, lxw_format* format) {
+        return lastSheetCol == 0 ||
+               worksheet_merge_range(sheet, lxw_row_t(row), 0, lxw_row_t(row),
+                                     lxw_col_t(lastSheetCol), "", format) == LXW_NO_ERROR;
+    };
+    ok &= mergeRow(0, titleFormat);
     ok &= writer.text(0, 0, title, titleFormat);
     const QString dateText = date.size() >= 8 ? date.left(4) + QLatin1Char('-') + date.mid(4, 2) +
                                                     QLatin1Char('-') + date.mid(6, 2)
                                               : date;
-    ok &= worksheet_merge_range(sheet, 1, 0, 1, lxw_col_t(lastSheetCol), "", dateLine) ==
-          LXW_NO_ERROR;
+    ok &= mergeRow(1, dateLine);
     const QString dateRow =
         dateText + QLatin1String("  ") + QString(17, QLatin1Char(' ')) + subTitle;
     ok &= writer.text(1, 0, dateRow, dateLine);
@@ -298,13 +322,20 @@ QString gsExcelExport(const QString& title, int lastCol, Spread* grid, const QSt
                          QStringLiteral(".xlsx");
     const QString date = gfRdoGetDbSysDate();
     if (!QDir().mkpath(folder) || !writeGridWorkbook(path, title, lastCol, grid, subTitle, date)) {
+        QFile::remove(path); // nothing half written stays behind
         gfsPlainBox(QStringLiteral("엑셀화일 생성시 오류"), QStringLiteral("엑셀생성에러"));
         return {};
     }
-    const QString platform = QGuiApplication::platformName();
-    if (!qEnvironmentVariableIsSet("TORVIX_NO_OPEN") && platform != QLatin1String("offscreen") &&
-        platform != QLatin1String("minimal")) {
-        QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    // Without a program for workbooks the user still learns where the file is.
+    if (!openOnDesktop(path) &&
+        gfsAsk(QStringLiteral("엑셀 파일을 열 프로그램이 없습니다.\r\n파일 위치: ") +
+               QDir::toNativeSeparators(path) + QStringLiteral("\r\n폴더를 여시겠습니까?")) ==
+            QStringLiteral("OK")) {
+        openOnDesktop(folder);
     }
     return path;
+}
+
+void setDesktopOpener(std::function<bool(const QString&)> open) {
+    desktopOpener() = std::move(open);
 }

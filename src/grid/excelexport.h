@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class Spread;
 
 // Spreadsheet column letters for grid column n, kept exactly as the old export placed them:
@@ -16,10 +18,14 @@ int excelColumnIndex(const QString& name);
 // desktop's spreadsheet program: title row (merged, "돋움" 16), the server date and sub-title,
 // the heading rows, then the data rows, columns 1 to lastCol; hidden columns stay empty with
 // width 0. A grid without data exports nothing and says nothing. A failure shows the box
-// "엑셀화일 생성시 오류". Returns the written file, or "" when none.
+// "엑셀화일 생성시 오류" and removes the file. Where no program opens the workbook, the user is
+// told where it is and offered its folder. Returns the written file, or "" when none.
 // Opening is skipped when TORVIX_NO_OPEN is set or the platform has no screen (offscreen).
 QString gsExcelExport(const QString& title, int lastCol, Spread* grid,
                       const QString& subTitle = QString());
+
+// Replaces the desktop's opening of a file or folder (tests); an empty function restores it.
+void setDesktopOpener(std::function<bool(const QString& path)> open);
 
 // The same sheet written to a given file without opening it; the date is passed as "YYYYMMDD".
 // False when the file cannot be written.

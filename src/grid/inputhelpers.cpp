@@ -36,7 +36,7 @@ int byteLimit(const QLineEdit* box) {
 QString stripped(const QString& text) {
     QString out;
     out.reserve(text.size());
-    for (const QChar c : text) {
+    for (const QChar c : gfHalfWidth(text)) {
         if (c != QLatin1Char('-') && c != QLatin1Char(' ') && c != QLatin1Char('.')) {
             out += c;
         }
@@ -116,8 +116,25 @@ void gsTextSelectAll(QWidget* control) {
     box->setSelection(0, int(box->text().size()));
 }
 
+QString gfHalfWidth(const QString& text) {
+    QString out = text;
+    for (QChar& c : out) {
+        if (c.unicode() < 0x80) {
+            continue;
+        }
+        if (c.isDigit()) {
+            c = QChar(u'0' + c.digitValue());
+        } else if (c == QChar(0xFF0D) || c == QChar(0x2212) || c == QChar(0xFE63)) {
+            c = QLatin1Char('-');
+        } else if (c == QChar(0xFF0C)) {
+            c = QLatin1Char(',');
+        }
+    }
+    return out;
+}
+
 void gsNumberInput(QLineEdit* box) {
-    const QString text = box->text();
+    const QString text = gfHalfWidth(box->text());
     const bool negative = text.trimmed().startsWith(QLatin1Char('-'));
     if (text == QLatin1String("-") || text == QLatin1String("0-")) {
         showAtEnd(box, QStringLiteral("-"));

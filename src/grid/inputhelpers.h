@@ -18,9 +18,14 @@ QString gsTextCut(QLineEdit* box);
 // Gives a text box with text the focus and selects all of it; other controls are left alone.
 void gsTextSelectAll(QWidget* control);
 
+// Digits of any script (the full-width １２３ of a Korean input method among them) as ASCII
+// digits, and the full-width minus and comma as "-" and ",".
+QString gfHalfWidth(const QString& text);
+
 // Re-format a box as the user types (each is idempotent, so a box may call it on every change):
 // an integer with "," separators; a telephone number with "-" (Seoul's "02" and the others);
-// a date "YYYY-MM-DD". The caret goes to the end.
+// a date "YYYY-MM-DD". The caret goes to the end. Full-width digits, minus and comma are
+// taken as their ASCII forms.
 void gsNumberInput(QLineEdit* box);
 void gsPhoneInput(QLineEdit* box, const QString& text);
 void gsDateInput(QLineEdit* box, const QString& text);

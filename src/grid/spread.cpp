@@ -186,6 +186,7 @@ Spread::Spread(QWidget* parent) : QWidget(parent), m_model(new SpreadModel(this)
     setGridColor(0xC0C0C0);
     QPalette p = m_main->palette();
     p.setColor(QPalette::HighlightedText, Qt::white);
+    p.setColor(QPalette::Base, p.color(QPalette::Button)); // outside the cells
     for (SpreadView* v : {m_main, m_top, m_left, m_corner}) {
         v->setPalette(p);
     }
@@ -514,8 +515,9 @@ void Spread::applyLayout() {
                 v->setColumnWidth(c, px);
             }
         }
+        // One heading row takes the heading height; of two or more, only the second does.
         for (int r = 0; r < headRows(); ++r) {
-            v->setRowHeight(r, m_headPixels);
+            v->setRowHeight(r, headRows() == 1 || r == 1 ? m_headPixels : m_rowPixels);
         }
     }
     placeBands();

@@ -407,7 +407,17 @@ quint32 SpreadModel::backColor(int row, int col) const {
     if (c && c->back != kSpreadNoColor) {
         return c->back;
     }
+    if (row >= 1 && row <= m_frozenRows && m_frozenRowBack != kSpreadNoColor) {
+        return m_frozenRowBack;
+    }
     return row >= 1 ? m_cols[size_t(col)].back : kSpreadNoColor;
+}
+
+void SpreadModel::setFrozenRowBack(quint32 bgr) {
+    m_frozenRowBack = bgr;
+    if (m_redraw && maxRows() > 0 && maxCols() > 0) {
+        emit dataChanged(index(headRows(), 0), index(rowCount() - 1, maxCols()));
+    }
 }
 
 void SpreadModel::setBackColor(int row, int col, quint32 bgr) {
@@ -697,7 +707,8 @@ QVariant SpreadModel::data(const QModelIndex& index, int role) const {
         if (heading || (f.shadow && (f.type == SpreadStatic || f.type == SpreadButton))) {
             return shadowColor();
         }
-        return {};
+        // Cells are white; the area outside them shows the view's button face.
+        return QColor(Qt::white);
     }
     case Qt::TextAlignmentRole:
         return QVariant::fromValue((heading ? Qt::AlignHCenter : horizontal(f)) | Qt::AlignVCenter);

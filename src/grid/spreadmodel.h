@@ -116,6 +116,9 @@ public:
     void setFrozenRows(int n) { m_frozenRows = qMax(0, n); }
     int frozenCols() const { return m_frozenCols; }
     int frozenRows() const { return m_frozenRows; }
+    // The back colour of the frozen rows 1 to n, for every row that ever stands there: rows added
+    // or filled later take it too. kSpreadNoColor for none.
+    void setFrozenRowBack(quint32 bgr);
 
     // ---- merges: 0 none, 1 always, 2 restricted (only inside the groups of the column before)
     void setColumnMerge(int col, int mode) { m_cols[col].dataMerge = mode; }
@@ -184,6 +187,7 @@ private:
     QFont m_font;
     int m_frozenCols = 0;
     int m_frozenRows = 0;
+    quint32 m_frozenRowBack = kSpreadNoColor;
     int m_headRowMerge = 0;
     bool m_headingNumbers = false;
     bool m_readOnly = false;

@@ -259,10 +259,8 @@ void gsSpreadFreezeRows(Spread* grid, int n) {
         grid->setFrozenRows(0);
         return;
     }
-    for (int r = 1; r <= qMin(n, grid->maxRows()); ++r) {
-        gsSpreadRowBackColor(grid, r, kSpreadFrozenBack);
-    }
     grid->setFrozenRows(n);
+    grid->model()->setFrozenRowBack(kSpreadFrozenBack);
 }
 
 void gsSpreadColMerge(Spread* grid, int firstCol, int lastCol) {

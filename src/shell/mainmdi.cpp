@@ -22,19 +22,45 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QPainter>
 #include <QPointer>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
+#include <QStyleFactory>
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+
+#include <memory>
 
 static void initResources() { Q_INIT_RESOURCE(resources); }
 
 namespace {
 
 QPointer<MAINMDI> theMainWindow;
+
+// The program tree joins its nodes with lines, with plus and minus signs, whatever the desktop
+// style draws for branches (Fusion draws arrows only).
+class TreeLinesStyle : public QProxyStyle {
+public:
+    explicit TreeLinesStyle(QObject* owner)
+        : m_lines(QStyleFactory::create(QStringLiteral("Windows"))) {
+        setParent(owner);
+    }
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        if (element == PE_IndicatorBranch && m_lines) {
+            m_lines->drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+
+private:
+    std::unique_ptr<QStyle> m_lines;
+};
 
 QIcon picture(const QString& name, bool withDisabled = true) {
     QIcon icon(QStringLiteral(":/icons/%1.svg").arg(name));
@@ -161,25 +187,13 @@ void MAINMDI::buildMenus() {
 
     QMenu* window = bar->addMenu(QStringLiteral("창(&W)"));
     window->setObjectName(QStringLiteral("mnuTitle05"));
-    connect(item(window, "mnuWindowCascade", QStringLiteral("계단식 배열")), &QAction::triggered,
-            m_mdi, &QMdiArea::cascadeSubWindows);
-    connect(item(window, "mnuWindowTileHorizontal", QStringLiteral("수평 바둑판식 배열")),
-            &QAction::triggered, m_mdi, &QMdiArea::tileSubWindows);
-    connect(item(window, "mnuWindowTileVertical", QStringLiteral("수직 바둑판식 배열")),
-            &QAction::triggered, this, [this] {
-                // Side by side: each child the full height, an equal share of the width.
-                const auto windows = m_mdi->subWindowList();
-                if (windows.isEmpty()) {
-                    return;
-                }
-                const int width = m_mdi->viewport()->width() / int(windows.size());
-                int x = 0;
-                for (QMdiSubWindow* w : windows) {
-                    w->showNormal();
-                    w->setGeometry(x, 0, width, m_mdi->viewport()->height());
-                    x += width;
-                }
-            });
+    const auto arrange = [&](const char* name, const QString& caption, int how) {
+        connect(item(window, name, caption), &QAction::triggered, this,
+                [this, how] { arrangeWindows(how); });
+    };
+    arrange("mnuWindowCascade", QStringLiteral("계단식 배열"), 0);
+    arrange("mnuWindowTileHorizontal", QStringLiteral("수평 바둑판식 배열"), 1);
+    arrange("mnuWindowTileVertical", QStringLiteral("수직 바둑판식 배열"), 2);
 
     QAction* notice = bar->addAction(QStringLiteral("공지사항(&A)"));
     notice->setObjectName(QStringLiteral("mnuNotice"));
@@ -188,6 +202,41 @@ void MAINMDI::buildMenus() {
     popup->setObjectName(QStringLiteral("mnupopup"));
     connect(item(popup, "mnuprocRestart", QStringLiteral("프로세스 재기동")), &QAction::triggered,
             this, [] { gfsPlainBox(QStringLiteral("TODO : ProcStart 코딩")); });
+}
+
+void MAINMDI::arrangeWindows(int how) {
+    const auto windows = m_mdi->subWindowList();
+    if (windows.isEmpty()) {
+        return;
+    }
+    QMdiSubWindow* active = m_mdi->activeSubWindow();
+    const QSize area = m_mdi->viewport()->size();
+    const int n = int(windows.size());
+    // Cascade: one size for all, each window a title bar lower and further right than the last.
+    const int step =
+        windows.first()->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, windows.first());
+    const QSize cascade(qMax(area.width() / 2, area.width() - step * (n - 1)),
+                        qMax(area.height() / 2, area.height() - step * (n - 1)));
+    for (int i = 0; i < n; ++i) {
+        QMdiSubWindow* w = windows.at(i);
+        w->showNormal();
+        if (how == 0) {
+            const int room = qMax(1, qMin(area.width() - cascade.width(),
+                                          area.height() - cascade.height()) / step + 1);
+            w->setGeometry(QRect(QPoint(step * (i % room), step * (i % room)), cascade));
+        } else if (how == 1) {
+            // Tile horizontally: one above the other, each the full width.
+            const int h = area.height() / n;
+            w->setGeometry(0, h * i, area.width(), i == n - 1 ? area.height() - h * i : h);
+        } else {
+            // Tile vertically: side by side, each the full height.
+            const int wd = area.width() / n;
+            w->setGeometry(wd * i, 0, i == n - 1 ? area.width() - wd * i : wd, area.height());
+        }
+    }
+    if (active) {
+        m_mdi->setActiveSubWindow(active);
+    }
 }
 
 void MAINMDI::buildToolBars() {
@@ -229,7 +278,6 @@ void MAINMDI::buildMenuPanel() {
     auto* label = new QLabel(QStringLiteral("메뉴번호"), m_picMenu);
     m_txtPGID = new QLineEdit(m_picMenu);
     m_txtPGID->setObjectName(QStringLiteral("txtPGID"));
-    m_txtPGID->setMaxLength(5);
     m_cmdRun = new QPushButton(QStringLiteral("실행"), m_picMenu);
     m_cmdRun->setObjectName(QStringLiteral("cmdRun"));
     row->addWidget(label);
@@ -241,6 +289,7 @@ void MAINMDI::buildMenuPanel() {
     m_tree->setHeaderHidden(true);
     m_tree->setIndentation(33); // 500 twips
     m_tree->setRootIsDecorated(true);
+    m_tree->setStyle(new TreeLinesStyle(m_tree));
     m_tree->setIconSize(QSize(16, 16));
     column->addWidget(m_tree, 1);
     connect(m_cmdRun, &QPushButton::clicked, this, &MAINMDI::cmdRun_Click);
@@ -349,10 +398,8 @@ void MAINMDI::cmdRun_Click() {
     }
     bool ok = false;
     const short number = text.toShort(&ok);
-    if (!ok) {
-        return; // no number: nothing opens
-    }
-    const ScreenInfo* info = findScreenByNumber(number);
+    // A text that is no number is a number not found.
+    const ScreenInfo* info = ok ? findScreenByNumber(number) : nullptr;
     if (!info) {
         m_txtPGID->clear();
         return;

@@ -61,6 +61,8 @@ private:
     void buildMenus();
     void buildToolBars();
     void buildMenuPanel();
+    // The Window menu: 0 cascade, 1 tile horizontally (stacked), 2 tile vertically.
+    void arrangeWindows(int how);
     void onTreeClicked(QTreeWidgetItem* item);
     void onSubWindowActivated(QMdiSubWindow* window);
     void unloadMainWindow();

@@ -3,7 +3,9 @@
 #include "data/database.h"
 #include "data/dbroutines.h"
 #include "data/messages.h"
+#include "data/recordset.h"
 #include "data/session.h"
+#include "data/waitcursor.h"
 #include "grid/gridcolumns.h"
 #include "grid/inputhelpers.h"
 #include "grid/spread.h"
@@ -15,15 +17,20 @@
 
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
+#include <QRadioButton>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <vector>
 
 Screen::Screen(const QString& name, const QString& designCaption, QWidget* parent)
     : QWidget(parent), m_content(new QVBoxLayout), m_statusBar(new QStatusBar(this)) {
@@ -150,14 +157,30 @@ void Screen::deleteRow(const QString& key, int question, const QString& sql) {
     guarded(
         QStringLiteral("cmdDelete_Click"),
         [this, &sql] {
-            Transaction tx;
-            if (!tx.ok() || !gfbSqlExecuteDB(sql) || !tx.commit()) {
-                return;
+            {
+                WaitCursor wait;
+                Transaction tx;
+                if (!tx.ok() || !gfbSqlExecuteDB(sql) || !tx.commit()) {
+                    return;
+                }
             }
-            m_clear();
+            clearScreen(false);
             sSelectQuery();
         },
         true);
+}
+
+void Screen::showList(Spread* grid, const GridColumns& columns, const RecordSet& rs,
+                      bool withCount) {
+    const qint64 count = rs.recordCount();
+    if (count > 0) {
+        WaitCursor wait;
+        clearScreen(true);
+        columns.fill(grid, rs);
+    } else {
+        grid->setMaxRows(0);
+    }
+    showFound(count, withCount);
 }
 
 void Screen::closeEvent(QCloseEvent* event) {
@@ -184,6 +207,63 @@ void Screen::wireInputFields() {
     for (QAbstractSpinBox* spin : spins) {
         spin->installEventFilter(this);
     }
+    const auto options = findChildren<QAbstractButton*>();
+    for (QAbstractButton* option : options) {
+        if (qobject_cast<QRadioButton*>(option) || qobject_cast<QCheckBox*>(option)) {
+            option->installEventFilter(this);
+        }
+    }
+}
+
+namespace {
+
+// A widget that Enter walks to: a box, a list, a date, an option or a check box. The box inside a
+// list or a date field is part of it; of a group of options only the chosen one is a stop.
+bool isField(const QWidget* w) {
+    const QWidget* parent = w->parentWidget();
+    if (qobject_cast<const QLineEdit*>(w)) {
+        return !qobject_cast<const QComboBox*>(parent) &&
+               !qobject_cast<const QAbstractSpinBox*>(parent);
+    }
+    if (const auto* option = qobject_cast<const QRadioButton*>(w)) {
+        return option->isChecked() || !option->autoExclusive();
+    }
+    return qobject_cast<const QComboBox*>(w) || qobject_cast<const QAbstractSpinBox*>(w) ||
+           qobject_cast<const QCheckBox*>(w);
+}
+
+} // namespace
+
+QWidget* Screen::nextField(QWidget* from) const {
+    struct Stop {
+        QWidget* widget;
+        QRect rect;
+    };
+    std::vector<Stop> stops;
+    const auto widgets = findChildren<QWidget*>();
+    for (QWidget* w : widgets) {
+        if (isField(w) && w->isVisible() && w->isEnabled() && (w->focusPolicy() & Qt::TabFocus)) {
+            stops.push_back({w, QRect(w->mapTo(this, QPoint(0, 0)), w->size())});
+        }
+    }
+    std::sort(stops.begin(), stops.end(),
+              [](const Stop& a, const Stop& b) { return a.rect.top() < b.rect.top(); });
+    // A line is the fields whose middle lies within the height of its first field.
+    for (size_t first = 0; first < stops.size();) {
+        size_t end = first + 1;
+        while (end < stops.size() && stops[end].rect.center().y() <= stops[first].rect.bottom()) {
+            ++end;
+        }
+        std::sort(stops.begin() + qsizetype(first), stops.begin() + qsizetype(end),
+                  [](const Stop& a, const Stop& b) { return a.rect.left() < b.rect.left(); });
+        first = end;
+    }
+    for (size_t i = 0; i < stops.size(); ++i) {
+        if (stops[i].widget == from || stops[i].widget->isAncestorOf(from)) {
+            return stops[(i + 1) % stops.size()].widget;
+        }
+    }
+    return nullptr;
 }
 
 bool Screen::eventFilter(QObject* watched, QEvent* event) {
@@ -194,14 +274,18 @@ bool Screen::eventFilter(QObject* watched, QEvent* event) {
         }
     } else if (event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
-        // Enter walks the fields in tab order. A box whose Enter runs a command of its own
+        // Enter walks the fields in reading order. A box whose Enter runs a command of its own
         // (returnPressed) still gets it: the walk comes after.
         if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) &&
             key->modifiers() == Qt::NoModifier) {
             if (auto* edit = qobject_cast<QLineEdit*>(watched)) {
                 emit edit->returnPressed();
             }
-            focusNextChild();
+            if (QWidget* next = nextField(qobject_cast<QWidget*>(watched))) {
+                next->setFocus(Qt::TabFocusReason);
+            } else {
+                focusNextChild();
+            }
             return true;
         }
     }

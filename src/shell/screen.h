@@ -23,7 +23,7 @@ public:
     virtual void m_Excel() {}
     virtual void m_Print(int mode) { Q_UNUSED(mode) }
     virtual void m_Close();
-    virtual void m_clear() {}
+    virtual void m_clear() { clearScreen(true); }
     virtual void m_Search() { sSelectQuery(); }
     virtual void m_Save() { sSaveQuery(); }
     virtual void m_Delete() { cmdDelete_Click(); }
@@ -31,6 +31,9 @@ public:
     virtual void sSelectQuery() {}
     virtual void sSaveQuery() {}
     virtual void cmdDelete_Click() {}
+    // The screen's clear routine: with true (Clear, a search that found rows, a save) the edit
+    // fields go back to their defaults; with false (after a delete) a screen may keep more.
+    virtual void clearScreen(bool defaults) { Q_UNUSED(defaults) }
 
     // The load handler: start time, caption and C_LOG, status bar, setup, the search at load.
     void load();
@@ -58,6 +61,10 @@ protected:
     // The delete command of a list screen: nothing without a key, the screen's question, the
     // statement in a transaction, then the clear routine and the list again.
     void deleteRow(const QString& key, int question, const QString& sql);
+    // The rows of a list query: with rows, under the wait cursor, the clear routine and the grid
+    // filled from the record set; without, an empty grid. Panel 1 as showFound says.
+    void showList(class Spread* grid, const class GridColumns& columns, const class RecordSet& rs,
+                  bool withCount = true);
     // Panel 1: the screen's short notes.
     void setStatusNote(const QString& text);
     // Panel 1 after a search: "N건의 데이터가 조회되었습니다." (or nothing, withCount false) when
@@ -84,6 +91,9 @@ protected:
 
 private:
     void wireInputFields();
+    // The field after `from` in the order a user reads the screen: top to bottom, and left to
+    // right along a line; after the last, the first.
+    QWidget* nextField(QWidget* from) const;
 
     QVBoxLayout* m_content;
     QStatusBar* m_statusBar;

@@ -67,15 +67,15 @@ TEST_F(Pickers, theSexOfTheGarmentChoosesTheKindOfSchool) {
 
 TEST_F(Pickers, itemsAreThoseTheStoresSchoolsOfferAndAMixedItemIsOfBothSexes) {
     PickerScope s = store01();
-    EXPECT_EQ(names(itemPickerSql(s), 0), (QStringList{u"남자켓"_s, u"여치마"_s, u"공용셔츠"_s}));
-    EXPECT_EQ(names(itemPickerSql(s), 1).first(), u"NB01"_s);
+    EXPECT_EQ(names(itemPickerSql(s), 1), (QStringList{u"남자켓"_s, u"여치마"_s, u"공용셔츠"_s}));
+    EXPECT_EQ(names(itemPickerSql(s), 0).first(), u"NB01"_s);
     s.sex = u"B"_s;
-    EXPECT_EQ(names(itemPickerSql(s), 0), (QStringList{u"남자켓"_s, u"공용셔츠"_s}));
+    EXPECT_EQ(names(itemPickerSql(s), 1), (QStringList{u"남자켓"_s, u"공용셔츠"_s}));
     s.sex = u"G"_s;
-    EXPECT_EQ(names(itemPickerSql(s), 0), (QStringList{u"여치마"_s, u"공용셔츠"_s}));
+    EXPECT_EQ(names(itemPickerSql(s), 1), (QStringList{u"여치마"_s, u"공용셔츠"_s}));
     s = store01();
     s.season = u"S"_s;
-    EXPECT_TRUE(names(itemPickerSql(s), 0).isEmpty()); // the summer shirt is store 02's
+    EXPECT_TRUE(names(itemPickerSql(s), 1).isEmpty()); // the summer shirt is store 02's
     s.store = u"02"_s;
-    EXPECT_EQ(names(itemPickerSql(s), 0), (QStringList{u"하복셔츠"_s}));
+    EXPECT_EQ(names(itemPickerSql(s), 1), (QStringList{u"하복셔츠"_s}));
 }

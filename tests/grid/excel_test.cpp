@@ -90,7 +90,80 @@ TEST(ExcelExportTest, writesTheSheetLayoutColumnFormatsAndHiddenColumns) {
     EXPECT_TRUE(styles.contains(QStringLiteral("돋움")));
 }
 
-class ExcelExportDbTest : public TestDb {};
+namespace {
+
+QString zipEntry(const QString& path, const char* entry) {
+    QProcess unzip;
+    unzip.start(QStringLiteral("unzip"), {QStringLiteral("-p"), path, QString::fromLatin1(entry)});
+    unzip.waitForFinished();
+    return QString::fromUtf8(unzip.readAllStandardOutput());
+}
+
+// The number format of a cell's style: "" for none.
+QString cellFormat(const QString& path, const QString& cell) {
+    const QString sheet = zipEntry(path, "xl/worksheets/sheet1.xml");
+    const QString styles = zipEntry(path, "xl/styles.xml");
+    const auto found =
+        QRegularExpression(QStringLiteral("<c r=\"") + cell + QStringLiteral("\"( s=\"(\\d+)\")?"))
+            .match(sheet);
+    if (!found.hasMatch() || found.captured(2).isEmpty()) {
+        return {};
+    }
+    // The cell's entry among cellXfs, then its numFmt.
+    const QString xfs =
+        styles.section(QStringLiteral("<cellXfs"), 1).section(QStringLiteral("</cellXfs>"), 0, 0);
+    const QStringList entries = xfs.split(QStringLiteral("<xf "));
+    const QString xf = entries.value(found.captured(2).toInt() + 1);
+    const QString id =
+        QRegularExpression(QStringLiteral("numFmtId=\"(\\d+)\"")).match(xf).captured(1);
+    if (id.isEmpty() || id == QLatin1String("0")) {
+        return {};
+    }
+    const auto code = QRegularExpression(QStringLiteral("<numFmt numFmtId=\"") + id +
+                                         QStringLiteral("\" formatCode=\"([^\"]*)\""))
+                          .match(styles);
+    return code.captured(1).replace(QStringLiteral("&quot;"), QStringLiteral("\""));
+}
+
+} // namespace
+
+TEST(ExcelExportTest, numberFormatsComeFromTheFirstRowAndOneColumnExports) {
+    QTemporaryDir dir;
+    Spread grid;
+    gsSpreadInit(&grid, QStringLiteral("굴림체"), 10, 18, 18, 0, 0xC0C0C0, 3, false, false);
+    gsSpreadColumn(&grid, 1, QStringLiteral("단가"), SpreadFloat, 10, 0, QStringLiteral("R"), 0, 0,
+                   false, 99999999, -99999999, 2);
+    gsSpreadColumn(&grid, 2, QStringLiteral("수량"), SpreadFloat, 10);
+    gsSpreadColumn(&grid, 3, QStringLiteral("잔액"), SpreadFloat, 10);
+    grid.setMaxRows(2);
+    gsSpreadSetValue(&grid, 1, 1, QStringLiteral("1250.5"));
+    gsSpreadSetValue(&grid, 1, 2, QStringLiteral("3"));
+    gsSpreadSetValue(&grid, 1, 3, QStringLiteral("0")); // the first row decides: no format
+    gsSpreadSetValue(&grid, 2, 3, QStringLiteral("5000"));
+    const QString path = dir.filePath(QStringLiteral("formats.xlsx"));
+    ASSERT_TRUE(
+        writeGridWorkbook(path, QStringLiteral("단가"), 3, &grid, {}, QStringLiteral("20240315")));
+    EXPECT_EQ(cellFormat(path, QStringLiteral("A4")), QStringLiteral("#,##0.00_ "));
+    EXPECT_EQ(cellFormat(path, QStringLiteral("B4")), QStringLiteral("#,##0_ "));
+    EXPECT_EQ(cellFormat(path, QStringLiteral("C4")), QString());
+    EXPECT_NE(cellFormat(path, QStringLiteral("C5")), QStringLiteral("#,##0_ "));
+
+    // A grid of one column: nothing to merge, the file is whole.
+    const QString single = dir.filePath(QStringLiteral("single.xlsx"));
+    ASSERT_TRUE(writeGridWorkbook(single, QStringLiteral("단가"), 1, &grid, {},
+                                  QStringLiteral("20240315")));
+    const QString xml = zipEntry(single, "xl/worksheets/sheet1.xml");
+    EXPECT_FALSE(xml.contains(QStringLiteral("mergeCell")));
+    EXPECT_TRUE(xml.contains(QStringLiteral("<c r=\"A4\"")));
+}
+
+class ExcelExportDbTest : public TestDb {
+protected:
+    void TearDown() override {
+        setDesktopOpener({});
+        TestDb::TearDown();
+    }
+};
 
 TEST_F(ExcelExportDbTest, exportsIntoTheReportFolderAndNothingForAnEmptyGrid) {
     qputenv("TORVIX_NO_OPEN", "1");
@@ -120,4 +193,28 @@ TEST_F(ExcelExportDbTest, aFailureShowsThePlainBoxAndLogsNothing) {
     EXPECT_EQ(presenter->boxes[0].title, QStringLiteral("엑셀생성에러"));
     EXPECT_EQ(presenter->boxes[0].text, QStringLiteral("엑셀화일 생성시 오류"));
     EXPECT_EQ(count(QStringLiteral("C_ERROR")), 0);
+}
+
+TEST_F(ExcelExportDbTest, aFailedExportLeavesNoFileAndWithoutAProgramTheFolderIsOffered) {
+    Spread grid;
+    fillGrid(&grid);
+    gsSpreadSetText(&grid, 2, 1, QString(40000, QLatin1Char('x'))); // beyond a cell's limit
+    EXPECT_TRUE(gsExcelExport(QStringLiteral("긴칸"), grid.maxCols(), &grid).isEmpty());
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(presenter->boxes[0].text, QStringLiteral("엑셀화일 생성시 오류"));
+    EXPECT_TRUE(QDir(dir.filePath(QStringLiteral("Report"))).entryList(QDir::Files).isEmpty());
+
+    // No program for workbooks: where the file is, and its folder on Yes.
+    presenter->boxes.clear();
+    QStringList opened;
+    setDesktopOpener([&opened](const QString& path) {
+        opened << path;
+        return !path.endsWith(QStringLiteral(".xlsx"));
+    });
+    gsSpreadSetText(&grid, 2, 1, QStringLiteral("001"));
+    const QString path = gsExcelExport(QStringLiteral("매장"), grid.maxCols(), &grid);
+    ASSERT_FALSE(path.isEmpty());
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_TRUE(presenter->boxes[0].text.contains(QDir::toNativeSeparators(path)));
+    EXPECT_EQ(opened, (QStringList{path, dir.filePath(QStringLiteral("Report"))}));
 }

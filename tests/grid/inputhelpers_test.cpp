@@ -32,6 +32,10 @@ TEST(InputHelpersTest, numberInput) {
     EXPECT_EQ(shown("0-"), QStringLiteral("-"));
     EXPECT_EQ(shown("1234"), QStringLiteral("1,234"));
     EXPECT_EQ(shown("-1234"), QStringLiteral("-1,234"));
+    // A Korean input method in full-width mode: digits, minus and comma of that width.
+    EXPECT_EQ(shown("１２３"), QStringLiteral("123"));
+    EXPECT_EQ(shown("－１，２３４"), QStringLiteral("-1,234"));
+    EXPECT_EQ(shown("－"), QStringLiteral("-"));
     EXPECT_EQ(shown("1,2345"), QStringLiteral("12,345"));
     EXPECT_EQ(shown("007"), QStringLiteral("7"));
 }

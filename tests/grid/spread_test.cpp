@@ -4,8 +4,10 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
+#include <QImage>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QTableView>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -174,6 +176,51 @@ TEST(SpreadTest, colourRoutinesAndFreezing) {
     gsSpreadFreezeRows(g.sp, 1);
     EXPECT_EQ(g.sp->frozenRows(), 1);
     EXPECT_EQ(g.sp->model()->backColor(1, 4), kSpreadFrozenBack);
+}
+
+TEST(SpreadTest, frozenRowsStayGreyForRowsAddedLaterAndARefill) {
+    Spread grid;
+    gsSpreadInit(&grid, QStringLiteral("굴림체"), 10, 18, 18, 0, 0xC0C0C0, 3, false, false);
+    gsSpreadColumn(&grid, 1, QStringLiteral("코드"), SpreadEdit, 6);
+    gsSpreadColumn(&grid, 2, QStringLiteral("이름"), SpreadEdit, 10);
+    gsSpreadFreezeRows(&grid, 2); // before the grid has a row
+    grid.setMaxRows(3);
+    EXPECT_EQ(grid.model()->backColor(2, 2), kSpreadFrozenBack);
+    EXPECT_EQ(grid.model()->backColor(3, 2), kSpreadNoColor);
+    grid.setMaxRows(0); // a list filled again
+    grid.setMaxRows(5);
+    EXPECT_EQ(grid.model()->backColor(1, 1), kSpreadFrozenBack);
+    EXPECT_EQ(grid.model()->data(grid.model()->index(grid.headRows(), 1), Qt::BackgroundRole),
+              QVariant(QColor(0xF7, 0xF7, 0xF7)));
+    gsSpreadFreezeRows(&grid, 0);
+    EXPECT_EQ(grid.model()->backColor(1, 1), kSpreadNoColor);
+}
+
+TEST(SpreadTest, cellsAreWhiteOnTheButtonFaceAndTheSecondHeadingRowTakesTheHeight) {
+    Spread grid;
+    gsSpreadInit(&grid, QStringLiteral("굴림체"), 10, 30, 18, 0, 0xC0C0C0, 3, false, false);
+    gsSpreadColumn(&grid, 1, QStringLiteral("코드"), SpreadEdit, 6);
+    grid.setMaxRows(1);
+    grid.resize(300, 300);
+    grid.show();
+    QApplication::processEvents();
+    QTableView* view = grid.view();
+    EXPECT_EQ(view->rowHeight(0), 40); // one heading row: the height passed (30 points)
+    const QImage image = view->viewport()->grab().toImage();
+    const double scale = image.devicePixelRatio();
+    const auto at = [&](int x, int y) {
+        return image.pixelColor(QPoint(int(x * scale), int(y * scale)));
+    };
+    const QRect cell = view->visualRect(grid.model()->index(1, 1));
+    EXPECT_EQ(at(cell.center().x(), cell.center().y()), QColor(Qt::white));
+    const QColor face = QApplication::palette().color(QPalette::Button);
+    EXPECT_EQ(at(view->viewport()->width() - 5, view->viewport()->height() - 5), face);
+
+    // Two heading rows: the height goes to the second only.
+    gsSpreadInit(&grid, QStringLiteral("굴림체"), 10, 30, 18, 0, 0xC0C0C0, 3, false, false, 2);
+    EXPECT_EQ(view->rowHeight(0), 24);
+    EXPECT_EQ(view->rowHeight(1), 40);
+    EXPECT_EQ(view->rowHeight(2), 24);
 }
 
 TEST(SpreadTest, headingMergesJoinAcrossAndDown) {

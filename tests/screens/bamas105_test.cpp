@@ -319,3 +319,54 @@ TEST_F(Bamas105, schoolNoticeSavesWithThreeDigitNumbersAndUpdatesThePeriodInForc
     ASSERT_EQ(school->currentText(), QStringLiteral("희망고"));
     EXPECT_TRUE(text->text().isEmpty());
 }
+
+TEST_F(Bamas105, enterWalksTheBandAsItReadsPastTheOptionsAndRoundToTheKind) {
+    box("txtName")->setFocus();
+    QApplication::processEvents();
+    QStringList walked;
+    for (int i = 0; i < 40; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QApplication::processEvents();
+        walked << QApplication::focusWidget()->objectName();
+        if (walked.last() == QStringLiteral("cboGT03")) {
+            break;
+        }
+    }
+    EXPECT_EQ(walked.mid(0, 6),
+              (QStringList{QStringLiteral("txtFullName"), QStringLiteral("txtNO"),
+                           QStringLiteral("txtCEOName"), QStringLiteral("txtTEL"),
+                           QStringLiteral("cboYYYY"), QStringLiteral("txtAddres")}));
+    const qsizetype option = walked.indexOf(QStringLiteral("optUSEYN_0"));
+    ASSERT_GT(option, 0) << walked.join(QLatin1Char(' ')).toStdString();
+    EXPECT_EQ(walked.value(option + 1), QStringLiteral("cboGT20"));
+    EXPECT_LT(walked.indexOf(QStringLiteral("txtPortNo")),
+              walked.indexOf(QStringLiteral("txtSpeed")));
+    EXPECT_EQ(walked.last(), QStringLiteral("cboGT03")); // the kind is reached, after the settings
+    EXPECT_TRUE(walked.contains(QStringLiteral("cboSet10")));
+}
+
+TEST_F(Bamas105, fullWidthDigitsTypedIntoThePortAreSavedAsTheNumber) {
+    clickRow(1);
+    QLineEdit* port = box("txtPortNo");
+    port->setFocus();
+    port->clear();
+    typeText(port, QStringLiteral("１２"));
+    EXPECT_EQ(port->text(), QStringLiteral("12"));
+    clickToolButton(mainWindow(), QStringLiteral("Save"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT PRTPORT FROM C_STORE WHERE COMPANY = '01' AND "
+                                    "STORECD = '01'")),
+              QStringLiteral("12"));
+}
+
+TEST_F(Bamas105, theListIsFilledUnderTheWaitCursor) {
+    QObject watcher;
+    QList<bool> waiting;
+    const auto note = [&waiting] { waiting << (QGuiApplication::overrideCursor() != nullptr); };
+    QObject::connect(list->model(), &QAbstractItemModel::modelReset, &watcher, note);
+    QObject::connect(list->model(), &QAbstractItemModel::rowsInserted, &watcher, note);
+    clickToolButton(mainWindow(), QStringLiteral("Search"));
+    ASSERT_FALSE(waiting.isEmpty());
+    EXPECT_TRUE(waiting.last());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(list->maxRows(), 2);
+}

@@ -242,3 +242,68 @@ TEST_F(Bamas330, theReportButtonShowsWhichViewStandsAndTheListsFollowBrandAndSto
     EXPECT_EQ(grid->maxRows(), 0);
     EXPECT_EQ(gfSpreadText(grid, -1000, 2), QStringLiteral("매장"));
 }
+
+TEST_F(Bamas330, sexItemClassItemAndSchoolLevelNarrowTheReport) {
+    exec(QStringLiteral(
+        "INSERT INTO C_GONGTONG (L_GRP_COD, S_GRP_COD, GRP_NAM, USEYN, DISP_SEQ) VALUES "
+        "('23', 'B', '남', 'Y', 1), ('23', 'G', '여', 'Y', 2), ('28', '1', '주품목', 'Y', 1), "
+        "('28', '2', '부품목', 'Y', 2), ('25', '1', '중학교', 'Y', 1), ('25', '2', '고등학교', "
+        "'Y', 2)"));
+    // 한빛중 offers the shirt too, and a common shirt has stock, received at the other school.
+    exec(QStringLiteral(
+        "INSERT INTO C_SCHOOLUNIFORM (COMPANY, SCHOOLCD, SEASON, SUDIVIDE, DIVIDE, UNIFORMSEQ, "
+        "UNIFORMCOMSEQ, USEYN) VALUES ('01', '001', 'N', '1', 'B', '03', '', 'Y')"));
+    exec(QStringLiteral(
+        "INSERT INTO T_INBOUND (COMPANY, STORECD, INBOUNDDT, INBOUNDSEQ, SCHOOLCD, SUDIVIDE, "
+        "UNIFORMCD, INYYYY, I01, INBOUNDGB) VALUES ('01', '01', '20240212', 1, '002', '1', "
+        "'NB0301', '2023', 7, 'B')"));
+    // The lists are filled at load: open the screen again.
+    main->closeWithoutAsking();
+    main.reset();
+    screen = openByNumber<BAMAS330>(330);
+    ASSERT_NE(screen, nullptr);
+    grid = child<Spread>(screen, QStringLiteral("SP31"));
+    choose(QStringLiteral("cboBrand"), 1);
+    choose(QStringLiteral("cboStore"), 1);
+    setYears(QStringLiteral("22"), QStringLiteral("24"));
+    const auto lines = [this] {
+        press("cmdViewSale1");
+        QStringList found;
+        for (int r = 1; r <= grid->maxRows(); ++r) {
+            found << gfSpreadText(grid, r, 3) + QLatin1Char(' ') + gfSpreadText(grid, r, 5);
+        }
+        return found;
+    };
+    const QStringList both{QStringLiteral("공통 공통셔츠"), QStringLiteral("한빛중 동복자켓")};
+    ASSERT_EQ(lines(), both);
+
+    choose(QStringLiteral("cboGT23"), 2); // girls: neither
+    EXPECT_TRUE(lines().isEmpty());
+    choose(QStringLiteral("cboGT23"), 1);
+    EXPECT_EQ(lines(), both);
+
+    choose(QStringLiteral("cboGT28"), 2); // sub items: neither
+    EXPECT_TRUE(lines().isEmpty());
+    choose(QStringLiteral("cboGT28"), 1);
+    EXPECT_EQ(lines(), both);
+
+    // An item by its code without the common part: the shirt brings the common shirt.
+    auto* item = child<QComboBox>(screen, QStringLiteral("cboUniform"));
+    QStringList items;
+    for (int i = 0; i < item->count(); ++i) {
+        items << item->itemText(i);
+    }
+    item->setCurrentIndex(item->findText(QStringLiteral("동복셔츠"), Qt::MatchEndsWith));
+    ASSERT_GT(item->currentIndex(), 0) << items.join(QLatin1Char('|')).toStdString();
+    EXPECT_EQ(lines(), QStringList{QStringLiteral("공통 공통셔츠")});
+    item->setCurrentIndex(item->findText(QStringLiteral("동복자켓"), Qt::MatchEndsWith));
+    ASSERT_GT(item->currentIndex(), 0);
+    EXPECT_EQ(lines(), QStringList{QStringLiteral("한빛중 동복자켓")});
+    item->setCurrentIndex(0);
+
+    // A school level other than 한빛중's hides its line; the common item stays.
+    choose(QStringLiteral("cboGT25"), 2);
+    EXPECT_EQ(lines(), QStringList{QStringLiteral("공통 공통셔츠")});
+    choose(QStringLiteral("cboGT25"), 1);
+    EXPECT_EQ(lines(), both);
+}

@@ -6,6 +6,8 @@
 #include "shell/placeholderscreen.h"
 
 #include <QAction>
+#include <QImage>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTest>
@@ -113,13 +115,106 @@ TEST_F(MainWindow, menuPanelAfterOpeningByNumberAndByTree) {
     EXPECT_EQ(window->menuPanelTag(), QStringLiteral("OFF"));
     EXPECT_TRUE(window->menuPanel()->isHidden());
 
-    window->setScreenWidth(1023);
+    window->setScreenWidth(1024); // the boundary itself counts as wide
     window->mnuMenu_Click();
+    openByNumber(310);
+    EXPECT_EQ(window->menuPanelTag(), QStringLiteral("ON"));
+    window->setScreenWidth(1023);
     openByNumber(310);
     EXPECT_EQ(window->menuPanelTag(), QStringLiteral("OFF"));
     window->tree()->itemClicked(node(window->tree(), QStringLiteral("BAMAS105")), 0);
     EXPECT_EQ(window->menuPanelTag(), QStringLiteral("ON"));
     EXPECT_TRUE(window->programBox()->text().isEmpty());
+}
+
+TEST_F(MainWindow, theProgramBoxTakesAnyLengthAndANonNumberOpensNothing) {
+    MAINMDI* window = mainWindow();
+    QLineEdit* box = window->programBox();
+    box->setFocus();
+    QTest::keyClicks(box, QStringLiteral("000105"));
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_NE(window->openScreen(QStringLiteral("BAMAS105")), nullptr);
+
+    box->setText(QStringLiteral("1o5"));
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_TRUE(box->text().isEmpty()); // treated as a number not found
+    EXPECT_EQ(window->mdiArea()->subWindowList().size(), 1);
+}
+
+TEST_F(MainWindow, everyRowOfTheToolBarTableLeavesItsOwnButtonsOn) {
+    MAINMDI* window = mainWindow();
+    const auto buttons = [window] {
+        QString on;
+        for (auto bar : {MAINMDI::TobToolBar1, MAINMDI::TobToolBar2}) {
+            for (int b = 1; b <= 4; ++b) {
+                on += window->toolButton(bar, b)->isEnabled() ? QLatin1Char('1') : QLatin1Char('0');
+            }
+            on += QLatin1Char('/');
+        }
+        return on;
+    };
+    // One screen of each row, opened one after the other: nothing stays from the last.
+    const std::pair<int, const char*> rows[] = {
+        {310, "0000/0001/"}, {105, "1111/1001/"}, {110, "1110/0001/"}, {330, "1000/0001/"},
+        {170, "1111/1001/"}, {162, "1110/0001/"}, {505, "0000/0001/"}};
+    for (const auto& [number, expected] : rows) {
+        openByNumber(number);
+        EXPECT_EQ(buttons(), QString::fromLatin1(expected)) << number;
+    }
+}
+
+TEST_F(MainWindow, theWindowMenuStacksTilesAndCascadesAtOneSize) {
+    MAINMDI* window = mainWindow();
+    for (int number : {105, 170, 310}) {
+        openByNumber(number);
+    }
+    const QSize area = window->mdiArea()->viewport()->size();
+    const auto windows = window->mdiArea()->subWindowList();
+    ASSERT_EQ(windows.size(), 3);
+    const auto arrange = [window](const char* item) {
+        window->menuAction(QString::fromLatin1(item))->trigger();
+        QApplication::processEvents();
+    };
+
+    arrange("mnuWindowTileHorizontal"); // one above the other, each the full width
+    const int h = area.height() / 3;
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(windows[i]->geometry(),
+                  QRect(0, h * i, area.width(), i < 2 ? h : area.height() - 2 * h));
+    }
+    arrange("mnuWindowTileVertical"); // side by side, each the full height
+    const int w = area.width() / 3;
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(windows[i]->geometry(),
+                  QRect(w * i, 0, i < 2 ? w : area.width() - 2 * w, area.height()));
+    }
+    arrange("mnuWindowCascade"); // one size, each a step further down and right
+    for (int i = 1; i < 3; ++i) {
+        EXPECT_EQ(windows[i]->size(), windows[0]->size());
+        EXPECT_GT(windows[i]->y(), windows[i - 1]->y());
+        EXPECT_GT(windows[i]->x(), windows[i - 1]->x());
+    }
+    EXPECT_GE(windows[0]->width(), area.width() / 2);
+    EXPECT_GE(windows[0]->height(), area.height() / 2);
+    EXPECT_LE(windows[2]->geometry().bottom(), area.height());
+}
+
+TEST_F(MainWindow, theTreeDrawsLinesToItsNodes) {
+    MAINMDI* window = mainWindow();
+    QTreeWidget* tree = window->tree();
+    QApplication::processEvents();
+    const QImage image = tree->viewport()->grab().toImage();
+    const QColor base = tree->viewport()->palette().color(QPalette::Base);
+    // A program has no children, so left of it only a line is drawn, never a sign.
+    const QRect item = tree->visualItemRect(node(tree, QStringLiteral("BAMAS105")));
+    const double scale = image.devicePixelRatio();
+    int inked = 0;
+    for (int x = item.left() - tree->indentation(); x < item.left(); ++x) {
+        for (int y = item.top(); y <= item.bottom(); ++y) {
+            inked += image.pixelColor(QPoint(int(x * scale), int(y * scale))) != base;
+        }
+    }
+    EXPECT_GT(inked, 4);
 }
 
 TEST_F(MainWindow, panelStaysWithoutScreens) {

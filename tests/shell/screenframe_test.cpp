@@ -3,10 +3,12 @@
 
 #include "data/database.h"
 #include "data/dbroutines.h"
+#include "data/recordset.h"
 #include "data/session.h"
 #include "shell/screenregistry.h"
 
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -41,6 +43,12 @@ public:
             },
             true);
     }
+    void cmdDelete_Click() override {
+        deleteRow(QStringLiteral("01"), 14,
+                  QStringLiteral("DELETE FROM C_BRAND WHERE COMPANY = '01' AND BRANDCD = '01'"));
+    }
+    void clearScreen(bool defaults) override { clears.append(defaults); }
+    QList<bool> clears;
     QComboBox* combo = nullptr;
     QLineEdit* first = nullptr;
     QLineEdit* second = nullptr;
@@ -62,6 +70,34 @@ protected:
         contentLayout()->addWidget(combo);
         contentLayout()->addWidget(first);
         contentLayout()->addWidget(second);
+    }
+};
+
+// The main connection, noting at each begin and commit whether the wait cursor shows.
+class CursorWatch : public Database {
+public:
+    explicit CursorWatch(std::unique_ptr<Database> real) : real(std::move(real)) {}
+    RecordSet select(const QString& sql) override { return real->select(sql); }
+    qint64 execute(const QString& sql) override { return real->execute(sql); }
+    void begin() override {
+        note();
+        real->begin();
+    }
+    void commit() override {
+        note();
+        real->commit();
+    }
+    void rollback() override { real->rollback(); }
+    bool inTransaction() const override { return real->inTransaction(); }
+    const Dialect& dialect() const override { return real->dialect(); }
+    void setStatementTimeout(int seconds) override { real->setStatementTimeout(seconds); }
+
+    std::unique_ptr<Database> real;
+    QStringList seen;
+
+private:
+    void note() {
+        seen << (QGuiApplication::overrideCursor() ? QStringLiteral("wait") : QStringLiteral("-"));
     }
 };
 
@@ -121,4 +157,22 @@ TEST_F(ScreenFrame, enterWalksTheFieldsAndFocusSelectsTheText) {
     QApplication::processEvents();
     EXPECT_TRUE(probe->second->hasFocus());
     EXPECT_EQ(probe->second->selectedText(), QStringLiteral("둘째칸"));
+}
+
+TEST_F(ScreenFrame, theDeleteRunsUnderTheWaitCursorAndThenClearsWithFalse) {
+    exec(QStringLiteral(
+        "INSERT INTO C_BRAND (COMPANY, BRANDCD, BRANDNAME) VALUES ('01', '01', 'x')"));
+    auto watch = std::make_unique<CursorWatch>(std::move(session().gDb));
+    CursorWatch* watching = watch.get();
+    session().gDb = std::move(watch);
+    mainWindow()->gsToolBarClick(MAINMDI::TobToolBar1, QStringLiteral("Delete"));
+    const QStringList seen = watching->seen;
+    session().gDb = std::move(watching->real);
+
+    EXPECT_EQ(seen, (QStringList{QStringLiteral("wait"), QStringLiteral("wait")}));
+    EXPECT_EQ(count(QStringLiteral("C_BRAND")), 0);
+    EXPECT_EQ(probe->clears, QList<bool>{false}); // the clear routine of a delete
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    mainWindow()->gsToolBarClick(MAINMDI::TobToolBar1, QStringLiteral("Clear"));
+    EXPECT_EQ(probe->clears, (QList<bool>{false, true}));
 }

@@ -97,15 +97,9 @@ void BAMAS105::sSelectQuery() {
         }
         sql += u"  ORDER BY CS.USEYN DESC, STORECD "_s;
         RecordSet rs;
-        qint64 count = 0;
-        if (!gfbSqlSelectDB(sql, rs, count)) {
-            return;
+        if (gfbSqlSelectDB(sql, rs)) {
+            showList(SP1, columns(), rs, false);
         }
-        if (count > 0) {
-            clearFields();
-        }
-        columns().fill(SP1, rs);
-        showFound(count, false);
     });
 }
 
@@ -160,7 +154,7 @@ void BAMAS105::sSaveQuery() {
         if (!isNew) {
             m_companyYear = cboYYYY->currentText(); // the update spread it to every store
         }
-        clearFields();
+        m_form.clear();
         sSelectQuery();
     });
 }

@@ -17,7 +17,7 @@ class BAMAS105 : public Screen {
 public:
     BAMAS105();
 
-    void m_clear() override { clearFields(); }
+    void clearScreen(bool) override { m_form.clear(); }
     void m_Excel() override;
 
     void sSelectQuery() override;
@@ -36,7 +36,6 @@ private:
     static const GridColumns& columns();
     QWidget* buildEditBand();
     QWidget* buildSettings();
-    void clearFields();
     QString updateStatement() const;
 
     RecordForm m_form{QStringLiteral("C_STORE")};

@@ -167,26 +167,24 @@ void BAMAS105_NOTICE::cmdSave_Click() {
                                 rs)) {
                 return;
             }
-            QString sql;
-            if (!rs.eof()) {
-                sql = QStringLiteral(" UPDATE C_SCHOOLNOTICE SET STARTDT = ") + start +
-                      QStringLiteral(", ENDDT = ") + end + QStringLiteral(", NOTICE = ") +
-                      quoted(txtNotice->text()) + QStringLiteral("  WHERE COMPANY = ") + company() +
-                      QStringLiteral("    AND SCHOOLCD = ") + school +
-                      QStringLiteral("    AND NOTICESEQ = ") +
-                      quoted(rs.field(QStringLiteral("NOTICESEQ")));
-            } else {
-                // The next number of the school, in three digits.
-                const QString next = nextCodeByMax(
-                    QStringLiteral("C_SCHOOLNOTICE"), QStringLiteral("NOTICESEQ"), 3,
-                    whereCompany() + andEquals(QStringLiteral("SCHOOLCD"), schoolCode()));
-                sql = QStringLiteral(" INSERT INTO C_SCHOOLNOTICE (COMPANY, SCHOOLCD, NOTICESEQ, "
-                                     "STARTDT, ENDDT, NOTICE) "
-                                     "VALUES (") +
-                      company() + QStringLiteral(", ") + school + QStringLiteral(", ") + next +
-                      QStringLiteral(", ") + start + QStringLiteral(", ") + end +
-                      QStringLiteral(", ") + quoted(txtNotice->text()) + QStringLiteral(")");
-            }
+            const Assignments period{{QStringLiteral("STARTDT"), start},
+                                     {QStringLiteral("ENDDT"), end},
+                                     {QStringLiteral("NOTICE"), quoted(txtNotice->text())}};
+            const QString where =
+                whereCompany() + andEquals(QStringLiteral("SCHOOLCD"), schoolCode());
+            // Found: the notice in force is rewritten; else the school's next number, three digits.
+            const QString sql =
+                !rs.eof() ? sqlUpdate(QStringLiteral("C_SCHOOLNOTICE"), period,
+                                      where + andEquals(QStringLiteral("NOTICESEQ"),
+                                                        rs.field(QStringLiteral("NOTICESEQ"))))
+                          : sqlInsert(QStringLiteral("C_SCHOOLNOTICE"),
+                                      Assignments{
+                                          {QStringLiteral("COMPANY"), company()},
+                                          {QStringLiteral("SCHOOLCD"), school},
+                                          {QStringLiteral("NOTICESEQ"),
+                                           nextCodeByMax(QStringLiteral("C_SCHOOLNOTICE"),
+                                                         QStringLiteral("NOTICESEQ"), 3, where)}} +
+                                          period);
             if (gfbSqlExecuteDB(sql)) {
                 tx.commit();
             }

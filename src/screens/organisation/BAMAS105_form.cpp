@@ -55,7 +55,7 @@ void BAMAS105::setupScreen() {
                                   quoted(session().gsCompany))
                         .trimmed();
     m_form.binding(u"CURRYYYY"_s)->setValue(QString()); // the company's, for a new store
-    clearFields();
+    m_form.clear();
 }
 
 QWidget* BAMAS105::buildEditBand() {
@@ -174,8 +174,4 @@ QWidget* BAMAS105::buildSettings() {
     });
     settings->addWidget(cmdNotice, 0, Qt::AlignBottom);
     return holder;
-}
-
-void BAMAS105::clearFields() {
-    m_form.clear();
 }

@@ -79,7 +79,7 @@ void BAMAS170::setupScreen() {
     lower->addWidget(buildSizeBand(), 1);
     contentLayout()->addWidget(buildEditBand());
     contentLayout()->addLayout(lower, 1);
-    clearFields();
+    clearScreen(true);
 }
 
 QWidget* BAMAS170::buildEditBand() {
@@ -114,7 +114,7 @@ QWidget* BAMAS170::buildSizeBand() {
     return sizes;
 }
 
-void BAMAS170::clearFields() {
+void BAMAS170::clearScreen(bool) {
     m_form.clear();
     yearBox->setYear(currentYear());
     SP2->setMaxRows(0);
@@ -130,15 +130,9 @@ void BAMAS170::sSelectQuery() {
         }
         sql += u"  ORDER BY USEYN DESC, BRANDCD"_s;
         RecordSet rs;
-        qint64 count = 0;
-        if (!gfbSqlSelectDB(sql, rs, count)) {
-            return;
+        if (gfbSqlSelectDB(sql, rs)) {
+            showList(SP1, listColumns(), rs);
         }
-        if (count > 0) {
-            clearFields();
-        }
-        listColumns().fill(SP1, rs);
-        showFound(count);
     });
 }
 
@@ -242,7 +236,7 @@ void BAMAS170::sSaveQuery() {
             if (!tx.commit()) {
                 return;
             }
-            clearFields();
+            clearScreen(true);
             sSelectQuery();
         },
         true);

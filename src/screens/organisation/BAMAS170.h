@@ -14,7 +14,7 @@ class BAMAS170 : public Screen {
 public:
     BAMAS170();
 
-    void m_clear() override { clearFields(); }
+    void clearScreen(bool) override;
     void m_Excel() override;
 
     void sSelectQuery() override;
@@ -30,7 +30,6 @@ protected:
 private:
     QWidget* buildEditBand();
     QWidget* buildSizeBand();
-    void clearFields();
     QString brandStatement() const;
     bool saveSizeRows();
 
