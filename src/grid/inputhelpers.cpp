@@ -98,6 +98,24 @@ int gfByteLen(const QString& text) {
     return total;
 }
 
+QString gfByteCut(const QString& text, int bytes) {
+    if (gfByteLen(text) <= bytes) {
+        return text;
+    }
+    QString kept;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        // A character outside the basic plane is a surrogate pair: taken whole or not at all.
+        const qsizetype n = text.at(i).isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
+        const QString next = kept + text.mid(i, n);
+        if (gfByteLen(next) > bytes) {
+            break;
+        }
+        kept = next;
+        i += n - 1;
+    }
+    return kept;
+}
+
 QString gsTextCut(QLineEdit* box) {
     const int limit = byteLimit(box);
     // Tested in bytes, cut in characters: the columns were sized that way.
@@ -277,13 +295,19 @@ void gsFormClear(QWidget* form) {
 }
 
 int gfTableCount(const QString& table, const QString& extra) {
+    int count = 0;
+    return gfbTableCount(table, extra, count) ? count : 0;
+}
+
+bool gfbTableCount(const QString& table, const QString& extra, int& count) {
     const QString sql = QStringLiteral(" SELECT COUNT(*) \n   FROM ") + table +
                         QStringLiteral("\n WHERE  COMPANY = ") + quoted(session().gsCompany) +
                         QStringLiteral(" \n") + extra;
     RecordSet rs;
-    qint64 count = 0;
-    if (!gfbSqlSelectDB(sql, rs, count) || rs.eof()) {
-        return 0;
+    count = 0;
+    if (!gfbSqlSelectDB(sql, rs) || rs.eof()) {
+        return false;
     }
-    return rs.value(0).toInt();
+    count = rs.value(0).toInt();
+    return true;
 }

@@ -11,6 +11,10 @@ class QWidget;
 // Korean letter 2, an ASCII letter 1, a character that page cannot hold 2.
 int gfByteLen(const QString& text);
 
+// The longest beginning of the text that fits in `bytes` bytes of code page 949, never splitting
+// a character: what a text cell may store in a column of that width.
+QString gfByteCut(const QString& text, int bytes);
+
 // Cuts the box to its byte limit (gsByteLimit, else its maximum length when one is set): when
 // the text is longer in bytes, it keeps that many characters. Quotes are left alone: values go
 // into statements through quoted(). Returns the box's text.
@@ -43,3 +47,5 @@ void gsFormClear(QWidget* form);
 // Rows of a table for the session's company, with an extra condition ("AND ..."); 0 when the
 // select fails.
 int gfTableCount(const QString& table, const QString& extra = QString());
+// The same count, telling a failed select (already shown and logged) from a count: false then.
+bool gfbTableCount(const QString& table, const QString& extra, int& count);

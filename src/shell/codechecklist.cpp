@@ -1,5 +1,6 @@
 #include "shell/codechecklist.h"
 
+#include "data/sqlvalue.h"
 #include "shell/buttonarray.h"
 #include "shell/codecontrols.h"
 
@@ -26,6 +27,16 @@ CodeCheckList::CodeCheckList(const QString& group, const QString& listName, cons
 
 QString CodeCheckList::list() const {
     return m_list->text();
+}
+
+QString CodeCheckList::quotedCodes() const {
+    QStringList codes;
+    for (int i = 1; i <= m_checks->count(); ++i) {
+        if (m_checks->element(i)->isChecked()) {
+            codes.append(quoted(m_codes.code(i).trimmed()));
+        }
+    }
+    return codes.join(u", "_s);
 }
 
 void CodeCheckList::clearChecks() {

@@ -22,6 +22,9 @@ public:
 
     // The joined codes, "" when none is checked.
     QString list() const;
+    // The checked codes each through quoted() and joined by ", " ("'N', 'S'"), for a filter
+    // written as "IN ('A', " + quotedCodes() + ")"; "" when none is checked.
+    QString quotedCodes() const;
     // Every element off, the list empty; no signal.
     void clearChecks();
     // The click logic: the list is rebuilt and listChanged follows.

@@ -55,3 +55,22 @@ void clickToolButton(MAINMDI* window, const QString& key) {
         }
     }
 }
+
+void doubleClickHeading(Spread* grid, int col) {
+    // The heading band is the widest of the views lying over the scrolling one at its top.
+    QTableView* band = nullptr;
+    const auto views = grid->view()->findChildren<QTableView*>();
+    for (QTableView* v : views) {
+        if (v->isVisible() && v->y() <= 4 && (!band || v->width() > band->width())) {
+            band = v;
+        }
+    }
+    if (!band) {
+        return;
+    }
+    const QPoint at = band->visualRect(band->model()->index(0, col)).center();
+    QTest::mouseClick(band->viewport(), Qt::LeftButton, {}, at);
+    QTest::mousePress(band->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(band->viewport(), Qt::LeftButton, {}, at);
+    QApplication::processEvents();
+}

@@ -17,3 +17,6 @@ void typeIntoCell(Spread* grid, int row, int col, const QString& text);
 // A tool-bar button of the main window by its key ("Save"), clicked as a mouse does: the
 // button takes no focus.
 void clickToolButton(MAINMDI* window, const QString& key);
+// A double click on a heading cell of a grid (first heading row), where the heading band lies
+// over the scrolling view.
+void doubleClickHeading(Spread* grid, int col);

@@ -1,5 +1,6 @@
 #include "screens/organisation/BAMAS105.h"
 #include "screens/organisation/BAMAS170.h"
+#include "screens/organisation/BAMAS505.h"
 #include "screens/screens.h"
 #include "shell/screenregistry.h"
 
@@ -7,4 +8,5 @@
 void registerOrganisationScreens() {
     registerScreenFactory(QStringLiteral("BAMAS105"), [] { return new BAMAS105; });
     registerScreenFactory(QStringLiteral("BAMAS170"), [] { return new BAMAS170; });
+    registerScreenFactory(QStringLiteral("BAMAS505"), [] { return new BAMAS505; });
 }
