@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QTimer>
@@ -60,6 +61,23 @@ void scheduleScreenshot(MAINMDI* window) {
 
 } // namespace
 
+bool openSessionDatabases(const QString& folder, QString& notice) {
+    Session& s = session();
+    s.config = ConnectionConfig::load(folder);
+    const PreparedDatabases prepared = prepareDatabases(s.config, folder, DemoData::Fill);
+    if (!prepared.failure.isEmpty()) {
+        gfsMsgBox(prepared.failure);
+        return false;
+    }
+    notice.clear();
+    if (!prepared.traceFailure.isEmpty()) {
+        s.traceOff = true;
+        notice = QStringLiteral("SQL 기록(UPDATE) 없이 실행합니다: ") +
+                 prepared.traceFailure.simplified();
+    }
+    return true;
+}
+
 int torvixMain(int argc, char** argv) {
     QApplication app(argc, argv);
     app.setApplicationName(QStringLiteral("TORVIX_OPERATE"));
@@ -82,10 +100,8 @@ int torvixMain(int argc, char** argv) {
     }
     instance.listen();
 
-    s.config = ConnectionConfig::load(dataFolder());
-    const QString problem = prepareEmbeddedDatabases(s.config, dataFolder(), DemoData::Fill);
-    if (!problem.isEmpty()) {
-        gfsMsgBox(problem);
+    QString notice;
+    if (!openSessionDatabases(dataFolder(), notice)) {
         return 1;
     }
 
@@ -109,6 +125,9 @@ int torvixMain(int argc, char** argv) {
         window.activateWindow();
     });
     window.show();
+    if (!notice.isEmpty()) {
+        window.statusPanel(1)->setText(notice);
+    }
     // TORVIX_OPEN=NNN opens a program by its number, as if typed into the menu box.
     if (const QString number = qEnvironmentVariable("TORVIX_OPEN"); !number.isEmpty()) {
         window.programBox()->setText(number);
