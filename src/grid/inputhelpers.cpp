@@ -98,6 +98,17 @@ int gfByteLen(const QString& text) {
     return total;
 }
 
+QString gfByteCut(const QString& text, int bytes) {
+    if (bytes <= 0 || gfByteLen(text) <= bytes) {
+        return text;
+    }
+    QString cut = text;
+    while (!cut.isEmpty() && gfByteLen(cut) > bytes) {
+        cut.chop(cut.size() >= 2 && cut.back().isLowSurrogate() ? 2 : 1);
+    }
+    return cut;
+}
+
 QString gsTextCut(QLineEdit* box) {
     const int limit = byteLimit(box);
     // Tested in bytes, cut in characters: the columns were sized that way.
@@ -218,11 +229,7 @@ void gsByteLimit(QLineEdit* box, int bytes) {
             return;
         }
         // Drop characters from the end until the text fits the column.
-        QString cut = text;
-        while (!cut.isEmpty() && gfByteLen(cut) > bytes) {
-            cut.chop(1);
-        }
-        box->setText(cut);
+        box->setText(gfByteCut(text, bytes));
     });
 }
 

@@ -10,6 +10,8 @@ class QWidget;
 // Length of a text in bytes of the Korean code page 949, as the database columns count it: a
 // Korean letter 2, an ASCII letter 1, a character that page cannot hold 2.
 int gfByteLen(const QString& text);
+// The longest start of the text that fits in that many bytes (whole characters only).
+QString gfByteCut(const QString& text, int bytes);
 
 // Cuts the box to its byte limit (gsByteLimit, else its maximum length when one is set): when
 // the text is longer in bytes, it keeps that many characters. Quotes are left alone: values go
