@@ -11,6 +11,7 @@
 #include "shell/singleinstance.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
@@ -61,7 +62,7 @@ void scheduleScreenshot(MAINMDI* window) {
 
 } // namespace
 
-bool openSessionDatabases(const QString& folder, QString& notice) {
+bool openSessionDatabases(const QString& folder, QString& notice, QString& detail) {
     Session& s = session();
     s.config = ConnectionConfig::load(folder);
     const PreparedDatabases prepared = prepareDatabases(s.config, folder, DemoData::Fill);
@@ -70,10 +71,11 @@ bool openSessionDatabases(const QString& folder, QString& notice) {
         return false;
     }
     notice.clear();
-    if (!prepared.traceFailure.isEmpty()) {
+    detail = prepared.traceFailure;
+    if (!detail.isEmpty()) {
         s.traceOff = true;
-        notice = QStringLiteral("SQL 기록(UPDATE) 없이 실행합니다: ") +
-                 prepared.traceFailure.simplified();
+        notice = QStringLiteral("SQL 기록 없이 실행합니다: %1을(를) 사용할 수 없습니다.")
+                     .arg(QFileInfo(ConnectionConfig::sqlitePath(s.config.update)).fileName());
     }
     return true;
 }
@@ -101,7 +103,8 @@ int torvixMain(int argc, char** argv) {
     instance.listen();
 
     QString notice;
-    if (!openSessionDatabases(dataFolder(), notice)) {
+    QString noticeDetail;
+    if (!openSessionDatabases(dataFolder(), notice, noticeDetail)) {
         return 1;
     }
 
@@ -127,6 +130,7 @@ int torvixMain(int argc, char** argv) {
     window.show();
     if (!notice.isEmpty()) {
         window.statusPanel(1)->setText(notice);
+        window.statusPanel(1)->setToolTip(noticeDetail);
     }
     // TORVIX_OPEN=NNN opens a program by its number, as if typed into the menu box.
     if (const QString number = qEnvironmentVariable("TORVIX_OPEN"); !number.isEmpty()) {

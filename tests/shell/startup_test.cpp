@@ -101,7 +101,8 @@ TEST_F(StartUp, aConfiguredPathThatNamesNoFileEndsTheStartAndMakesNothing) {
     const QString misspelt = dir.filePath(u"torvx.db"_s);
     writeFile(dir.filePath(u"database.ini"_s), "[DATABASE]\nTORVIX=" + misspelt.toUtf8() + "\n");
     QString notice;
-    EXPECT_FALSE(openSessionDatabases(dir.path(), notice));
+    QString detail;
+    EXPECT_FALSE(openSessionDatabases(dir.path(), notice, detail));
     ASSERT_EQ(presenter->boxes.size(), 1);
     EXPECT_TRUE(presenter->boxes[0].text.contains(QDir::toNativeSeparators(misspelt)));
     EXPECT_TRUE(presenter->boxes[0].text.contains(u"TORVIX="_s));
@@ -111,7 +112,7 @@ TEST_F(StartUp, aConfiguredPathThatNamesNoFileEndsTheStartAndMakesNothing) {
     // The same through the environment.
     presenter->boxes.clear();
     qputenv("TORVIX_DB", dir.filePath(u"nowhere/torvix.db"_s).toUtf8());
-    EXPECT_FALSE(openSessionDatabases(dir.path(), notice));
+    EXPECT_FALSE(openSessionDatabases(dir.path(), notice, detail));
     ASSERT_EQ(presenter->boxes.size(), 1);
     EXPECT_TRUE(presenter->boxes[0].text.contains(u"TORVIX_DB"_s));
     EXPECT_FALSE(QFile::exists(dir.filePath(u"nowhere"_s)));
@@ -130,11 +131,14 @@ TEST_F(StartUp, anUnusableTraceDatabaseStartsWithoutTheTraceAndSaysSo) {
             qputenv("TORVIX_UPDATE_DB", update.toUtf8());
         }
         QString notice;
-        ASSERT_TRUE(openSessionDatabases(dir.path(), notice));
+        QString detail;
+        ASSERT_TRUE(openSessionDatabases(dir.path(), notice, detail));
         EXPECT_TRUE(presenter->boxes.isEmpty());
-        EXPECT_TRUE(notice.contains(update.isEmpty() ? u"update.db"_s : u"missing"_s))
-            << notice.toStdString();
+        EXPECT_TRUE(notice.contains(u"update.db"_s)) << notice.toStdString();
         EXPECT_FALSE(notice.contains(u'\n'));
+        EXPECT_TRUE(detail.contains(QDir::toNativeSeparators(
+            update.isEmpty() ? dir.filePath(u"update.db"_s) : update)))
+            << detail.toStdString();
         EXPECT_TRUE(session().traceOff);
         // Saving works, untraced.
         ASSERT_TRUE(gfbConnectDB());
