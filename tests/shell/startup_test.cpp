@@ -136,8 +136,8 @@ TEST_F(StartUp, anUnusableTraceDatabaseStartsWithoutTheTraceAndSaysSo) {
         EXPECT_TRUE(presenter->boxes.isEmpty());
         EXPECT_TRUE(notice.contains(u"update.db"_s)) << notice.toStdString();
         EXPECT_FALSE(notice.contains(u'\n'));
-        EXPECT_TRUE(detail.contains(QDir::toNativeSeparators(
-            update.isEmpty() ? dir.filePath(u"update.db"_s) : update)))
+        EXPECT_TRUE(detail.contains(
+            QDir::toNativeSeparators(update.isEmpty() ? dir.filePath(u"update.db"_s) : update)))
             << detail.toStdString();
         EXPECT_TRUE(session().traceOff);
         // Saving works, untraced.
