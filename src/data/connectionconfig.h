@@ -8,6 +8,10 @@
 struct ConnectionConfig {
     QString torvix;
     QString update;
+    // False for the default embedded file of the data folder: only that one is made (and
+    // filled with the demo chain) when it is missing.
+    bool torvixConfigured = false;
+    bool updateConfigured = false;
     int connectTimeoutSeconds = 3;
     int statementTimeoutSeconds = 90;
 

@@ -10,16 +10,20 @@
 class Dialect;
 
 // A failure reported by a database engine. `number` is the engine's own error number;
-// `description` the engine's text, shown to the user and logged as it stands.
+// `description` the engine's text, shown to the user and logged as it stands. `cause` sorts out
+// the failures that pass by themselves: another user holding the database, a full disk.
 class DbError : public std::runtime_error {
 public:
-    DbError(qint64 number, const QString& description);
+    enum class Cause { Other, Busy, Full };
+    DbError(qint64 number, const QString& description, Cause cause = Cause::Other);
     qint64 number() const { return m_number; }
     QString description() const { return m_description; }
+    Cause cause() const { return m_cause; }
 
 private:
     qint64 m_number;
     QString m_description;
+    Cause m_cause;
 };
 
 // The database is gone (cannot open, I/O error, not a database, corrupt, link lost). The old
@@ -43,6 +47,10 @@ public:
     virtual void rollback() = 0;
     virtual bool inTransaction() const = 0;
     virtual const Dialect& dialect() const = 0;
-    // Statement time limit in seconds (90 in production; tests lower it).
+    // Statement time limit in seconds (90 in production; tests lower it). A lock held by another
+    // user is waited for as long.
     virtual void setStatementTimeout(int seconds) = 0;
+    // Waits at most this long for a lock held by another user (the trace's connection, which
+    // must never hold up a save).
+    virtual void setLockWait(int milliseconds) = 0;
 };

@@ -5,6 +5,7 @@
 #include "data/dialect.h"
 #include "data/messages.h"
 #include "data/session.h"
+#include "data/sqlvalue.h"
 #include "data/waitcursor.h"
 
 namespace {
@@ -25,6 +26,11 @@ bool connect(std::unique_ptr<Database>& db, const QString& target) {
 
 bool blank(const QString& sql) { return sql.trimmed().isEmpty(); }
 
+// The trace runs inside the save's write lock: it waits for another user's lock this long at
+// most, and after such a wait it rests a while, so that a save of many statements waits once.
+constexpr int kTraceLockWaitMs = 250;
+constexpr int kTraceRestMs = 5000;
+
 // A lost connection is dropped so that the next call connects anew.
 void dropIfLost(const DbError& error, std::unique_ptr<Database>& db) {
     if (error.number() == ConnectionLost::GeneralFailure) {
@@ -36,7 +42,24 @@ void dropIfLost(const DbError& error, std::unique_ptr<Database>& db) {
 
 bool gfbConnectDB() { return connect(session().gDb, session().config.torvix); }
 
-bool gfbConnectUpdateDB() { return connect(session().gDbUpdate, session().config.update); }
+bool gfbConnectUpdateDB() {
+    Session& s = session();
+    if (s.traceOff) {
+        return false;
+    }
+    const bool fresh = !s.gDbUpdate;
+    if (!connect(s.gDbUpdate, s.config.update)) {
+        return false;
+    }
+    if (fresh) {
+        try {
+            s.gDbUpdate->setLockWait(kTraceLockWaitMs);
+        } catch (const DbError&) {
+            // The engine's own limit stays; the trace is best effort either way.
+        }
+    }
+    return true;
+}
 
 bool gfbSqlSelectDB(const QString& sql, RecordSet& rs, qint64& count) {
     if (blank(sql)) {
@@ -81,7 +104,7 @@ bool gfbSqlExecuteDB(const QString& sql, qint64& affected) {
     }
     // The trace comes first and runs on its own connection, so it survives a failing statement
     // and a rolled-back transaction.
-    QString traced = sql;
+    QString traced = storable(sql);
     traced.replace(QLatin1Char('\''), QLatin1Char('`'));
     qint64 traceRows = 0;
     gfbSqlExecuteUpdateDB(QStringLiteral(" INSERT INTO SQLTEXT (SQLTEXT, REGDTTM) VALUES ('") +
@@ -113,14 +136,18 @@ bool gfbSqlExecuteUpdateDB(const QString& sql, qint64& affected) {
         return false;
     }
     // Best effort: every failure here is ignored and the main statement goes on.
-    if (!gfbConnectUpdateDB()) {
+    Session& s = session();
+    if (!s.traceRest.hasExpired() || !gfbConnectUpdateDB()) {
         return false;
     }
     try {
-        affected = session().gDbUpdate->execute(sql);
+        affected = s.gDbUpdate->execute(sql);
         return true;
     } catch (const DbError& error) {
-        dropIfLost(error, session().gDbUpdate);
+        if (error.cause() == DbError::Cause::Busy) {
+            s.traceRest = QDeadlineTimer(kTraceRestMs);
+        }
+        dropIfLost(error, s.gDbUpdate);
         return false;
     }
 }

@@ -3,6 +3,7 @@
 #include "data/database.h"
 #include "data/dbroutines.h"
 #include "data/session.h"
+#include "data/sqlvalue.h"
 #include "data/waitcursor.h"
 
 #include <algorithm>
@@ -197,7 +198,20 @@ void gfsPlainBox(const QString& text, const QString& title) {
 }
 
 void gsErrorLog(const DbError& error, const QString& place, const QString& statement) {
-    gsErrorLog(error.number(), error.description(), place, statement);
+    if (errorLogDepth > 0 && error.cause() != DbError::Cause::Other) {
+        // The insert into C_ERROR met the same lock or full disk as the failure that led here,
+        // which is on screen already.
+        return;
+    }
+    // What passes by itself is said in words, with the engine's own text beside them.
+    QString text = error.description();
+    if (error.cause() == DbError::Cause::Busy) {
+        text =
+            QStringLiteral("데이터베이스가 사용 중입니다. 잠시 후 다시 시도하십시오.\r\n") + text;
+    } else if (error.cause() == DbError::Cause::Full) {
+        text = QStringLiteral("디스크 공간이 부족합니다. 저장되지 않았습니다.\r\n") + text;
+    }
+    gsErrorLog(error.number(), text, place, statement);
 }
 
 void gsErrorLog(qint64 number, const QString& description, const QString& place,
@@ -211,35 +225,34 @@ void gsErrorLog(qint64 number, const QString& description, const QString& place,
     }
     if (errorLogDepth > 0) {
         // The insert into C_ERROR itself failed and came back here: its box is shown, and the
-        // first call ends the process.
+        // program goes on without the log row.
         return;
     }
-    QString message = description;
-    message.replace(QLatin1Char('\''), QLatin1Char('`'));
+    // Back-quotes for apostrophes, and nothing that ends a literal early: the row must be
+    // storable whatever the failing statement held.
+    const auto loggable = [](const QString& text) {
+        return storable(text).replace(QLatin1Char('\''), QLatin1Char('`'));
+    };
+    QString message = loggable(description);
     if (message.size() * 2 >= 251) {
         message = message.left(250);
     }
-    QString other = statement;
-    other.replace(QLatin1Char('\''), QLatin1Char('`'));
+    QString other = loggable(statement);
     if (other.size() >= 1501) {
         other = other.left(1500);
     }
     const QString sql = QStringLiteral(" INSERT INTO C_ERROR ") +
                         QStringLiteral(" (ERRTIME, ERRNO, ERRPROG, ERRMSG, ERROTHER)") +
                         QStringLiteral(" VALUES ( GETDATE(),") + QString::number(number) +
-                        QStringLiteral(",'") + place + QStringLiteral("','") + message +
+                        QStringLiteral(",'") + loggable(place) + QStringLiteral("','") + message +
                         QStringLiteral(" ', '") + other + QStringLiteral(" ' )");
     if (session().gDb && session().gDb->inTransaction()) {
         heldErrorRows << sql;
         return;
     }
     ++errorLogDepth;
-    qint64 affected = 0;
-    const bool logged = gfbSqlExecuteDB(sql, affected);
+    gfbSqlExecuteDB(sql);
     --errorLogDepth;
-    if (!logged) {
-        session().endProcess(1);
-    }
 }
 
 void gsFlushErrorLog() {
@@ -249,11 +262,7 @@ void gsFlushErrorLog() {
     const QStringList rows = std::exchange(heldErrorRows, {});
     for (const QString& sql : rows) {
         ++errorLogDepth;
-        const bool logged = gfbSqlExecuteDB(sql);
+        gfbSqlExecuteDB(sql);
         --errorLogDepth;
-        if (!logged) {
-            session().endProcess(1);
-            return;
-        }
     }
 }

@@ -35,6 +35,8 @@ QString gfsAsk(const QString& text);
 // A plain box with the caller's title, outside the catalogue.
 void gfsPlainBox(const QString& text, const QString& title = QStringLiteral("TORVIX_OPERATE"));
 // The one road of an unexpected failure: box, C_ERROR row; a lost connection ends the process.
+// A busy or full database is named in the box; when the log row itself cannot be written, the
+// program goes on without it.
 void gsErrorLog(qint64 number, const QString& description, const QString& place,
                 const QString& statement);
 void gsErrorLog(const DbError& error, const QString& place, const QString& statement);

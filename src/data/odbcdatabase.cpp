@@ -46,7 +46,15 @@ Diagnostic diagnose(SQLSMALLINT type, SQLHANDLE handle) {
     if (d.state.startsWith(QStringLiteral("08"))) {
         throw ConnectionLost(d.text);
     }
-    throw DbError(d.native != 0 ? d.native : -1, d.text);
+    // 1222 lock wait ran out, 1205 chosen as a deadlock's victim; 1101, 1105 a filegroup and
+    // 9002 a transaction log without room.
+    DbError::Cause cause = DbError::Cause::Other;
+    if (d.native == 1222 || d.native == 1205) {
+        cause = DbError::Cause::Busy;
+    } else if (d.native == 1101 || d.native == 1105 || d.native == 9002) {
+        cause = DbError::Cause::Full;
+    }
+    throw DbError(d.native != 0 ? d.native : -1, d.text, cause);
 }
 
 void check(SQLRETURN rc, SQLSMALLINT type, SQLHANDLE handle) {
@@ -223,5 +231,12 @@ void OdbcDatabase::endTransaction(bool commit) {
 }
 
 void OdbcDatabase::commit() { endTransaction(true); }
+
+void OdbcDatabase::setLockWait(int milliseconds) {
+    m_statementTimeout = qMax(1, (milliseconds + 999) / 1000);
+    if (m_dialect.isSqlServer()) {
+        execute(QStringLiteral("SET LOCK_TIMEOUT ") + QString::number(milliseconds));
+    }
+}
 
 void OdbcDatabase::rollback() { endTransaction(false); }

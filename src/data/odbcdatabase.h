@@ -23,6 +23,8 @@ public:
     bool inTransaction() const override { return m_inTransaction; }
     const Dialect& dialect() const override { return m_dialect; }
     void setStatementTimeout(int seconds) override { m_statementTimeout = seconds; }
+    // The query limit in whole seconds and the server's lock limit.
+    void setLockWait(int milliseconds) override;
 
 private:
     struct StatementHandle;

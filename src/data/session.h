@@ -3,6 +3,7 @@
 #include "data/connectionconfig.h"
 
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QPointer>
 #include <QString>
 #include <QObject>
@@ -28,6 +29,10 @@ struct Session {
 
 
     ConnectionConfig config;
+    // The trace database could not be used at start: statements run untraced.
+    bool traceOff = false;
+    // After the trace met another user's lock it is skipped until this runs out.
+    QDeadlineTimer traceRest;
 
     // Where message boxes go; the program installs the Qt presenter, tests a scripted one.
     std::shared_ptr<MessagePresenter> presenter;

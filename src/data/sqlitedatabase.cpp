@@ -44,7 +44,7 @@ SqliteDatabase::SqliteDatabase(const QString& path, OpenMode mode, int statement
     }
     sqlite3_extended_result_codes(m_db, 1);
     // Several program instances may share one file: wait for a writer rather than fail.
-    sqlite3_busy_timeout(m_db, int(qMin<qint64>(m_timeoutMs, 90000)));
+    setLockWait(int(qMin<qint64>(m_timeoutMs, 90000)));
     sqlite3_progress_handler(m_db, 4000, &SqliteDatabase::progress, this);
     registerTsqlFunctions(m_db);
     registerStoreFunctions(m_db);
@@ -83,7 +83,13 @@ void SqliteDatabase::fail(int code) const {
     if (isLostConnection(code)) {
         throw ConnectionLost(text + QStringLiteral(": ") + m_path);
     }
-    throw DbError(code, text);
+    DbError::Cause cause = DbError::Cause::Other;
+    if ((code & 0xff) == SQLITE_BUSY || (code & 0xff) == SQLITE_LOCKED) {
+        cause = DbError::Cause::Busy;
+    } else if ((code & 0xff) == SQLITE_FULL) {
+        cause = DbError::Cause::Full;
+    }
+    throw DbError(code, text, cause);
 }
 
 RecordSet SqliteDatabase::select(const QString& sql) {
@@ -157,5 +163,12 @@ void SqliteDatabase::rollback() {
         execute(QStringLiteral("ROLLBACK"));
     }
 }
+
+void SqliteDatabase::setStatementTimeout(int seconds) {
+    m_timeoutMs = qint64(seconds) * 1000;
+    setLockWait(int(qMin<qint64>(m_timeoutMs, 90000)));
+}
+
+void SqliteDatabase::setLockWait(int milliseconds) { sqlite3_busy_timeout(m_db, milliseconds); }
 
 bool SqliteDatabase::inTransaction() const { return m_db && !sqlite3_get_autocommit(m_db); }

@@ -25,7 +25,8 @@ public:
     void rollback() override;
     bool inTransaction() const override;
     const Dialect& dialect() const override { return m_dialect; }
-    void setStatementTimeout(int seconds) override { m_timeoutMs = qint64(seconds) * 1000; }
+    void setStatementTimeout(int seconds) override;
+    void setLockWait(int milliseconds) override;
 
     sqlite3* handle() const { return m_db; }
     QString path() const { return m_path; }

@@ -1,6 +1,7 @@
 #include "grid/gridcolumns.h"
 
 #include "data/recordset.h"
+#include "data/schema/schema.h"
 #include "grid/numerictext.h"
 #include "grid/spread.h"
 #include "grid/spreadroutines.h"
@@ -25,6 +26,15 @@ GridColumns::GridColumns(std::initializer_list<GridColumn> columns) : m_columns(
 
 GridColumns::GridColumns(std::vector<GridColumn> columns) : m_columns(std::move(columns)) {}
 
+GridColumns::GridColumns(std::vector<GridColumn> columns, const QString& table)
+    : m_columns(std::move(columns)) {
+    for (GridColumn& c : m_columns) {
+        if (c.type == CellType::Edit && c.bytes == 0 && !c.field.isEmpty()) {
+            c.bytes = textColumnBytes(table, c.field);
+        }
+    }
+}
+
 int GridColumns::column(const QString& field) const {
     for (size_t i = 0; i < m_columns.size(); ++i) {
         if (!field.isEmpty() && m_columns[i].field.compare(field, Qt::CaseInsensitive) == 0) {
@@ -39,11 +49,12 @@ void GridColumns::setUp(Spread* grid) const {
         const GridColumn& c = at(col);
         gsSpreadColumn(grid, col, c.heading, int(c.type), c.width, 0, alignLetter(c.align), 0, 0,
                        false, 99999999999.0, -99999999999.0, c.decimals);
-        if (!c.codes.names.isEmpty()) {
+        if (!c.codes.names.isEmpty() || c.bytes > 0) {
             SpreadModel* m = grid->model();
             SpreadFormat f = m->columnFormat(col);
             f.codeNames = c.codes.names;
             f.otherName = c.codes.other;
+            f.maxBytes = c.bytes;
             m->setColumnFormat(col, f);
         }
     }

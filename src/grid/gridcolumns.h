@@ -43,6 +43,7 @@ struct GridColumn {
     int decimals = 0;         // float cells
     bool zeroBlank = false;   // a lone "0" shows as an empty cell (quantities)
     bool redNegative = false; // a value below 0 shows red
+    int bytes = 0;            // edit cells: typing and paste stop at this many bytes (0: none)
 };
 
 // The column table of one grid: sets the grid up, fills it from a record set by field name, and
@@ -52,6 +53,9 @@ class GridColumns {
 public:
     GridColumns(std::initializer_list<GridColumn> columns);
     explicit GridColumns(std::vector<GridColumn> columns);
+    // Columns whose edit cells save into a table: each takes its byte limit from the schema's
+    // width of its field, unless it names one.
+    GridColumns(std::vector<GridColumn> columns, const QString& table);
 
     int count() const { return int(m_columns.size()); }
     const GridColumn& at(int col) const { return m_columns.at(size_t(col - 1)); }

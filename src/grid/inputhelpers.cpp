@@ -99,21 +99,14 @@ int gfByteLen(const QString& text) {
 }
 
 QString gfByteCut(const QString& text, int bytes) {
-    if (gfByteLen(text) <= bytes) {
+    if (bytes <= 0 || gfByteLen(text) <= bytes) {
         return text;
     }
-    QString kept;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        // A character outside the basic plane is a surrogate pair: taken whole or not at all.
-        const qsizetype n = text.at(i).isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
-        const QString next = kept + text.mid(i, n);
-        if (gfByteLen(next) > bytes) {
-            break;
-        }
-        kept = next;
-        i += n - 1;
+    QString cut = text;
+    while (!cut.isEmpty() && gfByteLen(cut) > bytes) {
+        cut.chop(cut.size() >= 2 && cut.back().isLowSurrogate() ? 2 : 1);
     }
-    return kept;
+    return cut;
 }
 
 QString gsTextCut(QLineEdit* box) {
@@ -253,11 +246,7 @@ void gsByteLimit(QLineEdit* box, int bytes) {
             return;
         }
         // Drop characters from the end until the text fits the column.
-        QString cut = text;
-        while (!cut.isEmpty() && gfByteLen(cut) > bytes) {
-            cut.chop(1);
-        }
-        box->setText(cut);
+        box->setText(gfByteCut(text, bytes));
     });
 }
 

@@ -10,7 +10,6 @@ class QWidget;
 // Length of a text in bytes of the Korean code page 949, as the database columns count it: a
 // Korean letter 2, an ASCII letter 1, a character that page cannot hold 2.
 int gfByteLen(const QString& text);
-
 // The longest beginning of the text that fits in `bytes` bytes of code page 949, never splitting
 // a character: what a text cell may store in a column of that width.
 QString gfByteCut(const QString& text, int bytes);

@@ -1,5 +1,6 @@
 #include "spread.h"
 
+#include "inputhelpers.h"
 #include "spreaddelegate.h"
 
 #include <QApplication>
@@ -467,6 +468,9 @@ void Spread::pasteText(const QString& text) {
     for (int r = 0; r < rows.size(); ++r) {
         const int row = startRow + r;
         if (row > maxRows()) {
+            if (!m_pasteAddsRows) {
+                break;
+            }
             m_model->setMaxRows(row);
         }
         for (int c = 0; c < rows.at(r).size(); ++c) {
@@ -481,7 +485,8 @@ void Spread::pasteText(const QString& text) {
             if (type == SpreadCheck) {
                 m_model->setValue(row, col, rows.at(r).at(c));
             } else {
-                m_model->setText(row, col, rows.at(r).at(c));
+                m_model->setText(row, col,
+                                 gfByteCut(rows.at(r).at(c), m_model->format(row, col).maxBytes));
             }
             written << QPoint(col, row);
         }

@@ -83,12 +83,15 @@ public:
     void sort(int col, bool ascending);
 
     // Tab-separated text of the selection (rows by line feeds), and paste of such text at the
-    // active cell: rows beyond MaxRows are added, columns beyond MaxCols and locked cells are
-    // skipped. Ctrl+C and Ctrl+V do the same through the clipboard.
+    // active cell: columns beyond MaxCols and locked cells are skipped, an edit cell takes what
+    // fits its byte limit, and rows beyond MaxRows are left out unless the grid adds rows on a
+    // paste (a list of rows read from the database has none without a key). Ctrl+C and Ctrl+V
+    // do the same through the clipboard.
     QString copyText() const;
     void pasteText(const QString& text);
     void copyToClipboard() const;
     void pasteFromClipboard();
+    void setPasteAddsRows(bool on) { m_pasteAddsRows = on; }
 
     // Commits a cell still being typed into, so that a command run from elsewhere (a tool bar
     // that takes no focus) sees what was typed.
@@ -138,6 +141,7 @@ private:
     bool m_sortAscending = true;
     bool m_sortOnClick = false;
     bool m_mergesPending = false;
+    bool m_pasteAddsRows = false;
     int m_dragCol = -1;
     int m_dragStartX = 0;
     int m_dragStartWidth = 0;

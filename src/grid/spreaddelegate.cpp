@@ -1,5 +1,6 @@
 #include "spreaddelegate.h"
 
+#include "inputhelpers.h"
 #include "numerictext.h"
 #include "spreadmodel.h"
 
@@ -71,6 +72,9 @@ QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
         }
         if (f.maxLength > 0) {
             edit->setMaxLength(f.maxLength);
+        }
+        if (f.maxBytes > 0) {
+            gsByteLimit(edit, f.maxBytes);
         }
         if (f.charCase != 0) {
             const bool upper = f.charCase == 1;

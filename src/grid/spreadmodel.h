@@ -43,6 +43,7 @@ struct SpreadFormat {
     int type = SpreadEdit;
     int align = SpreadAlignDefault;
     int maxLength = 0;   // edit: characters, 0 unlimited
+    int maxBytes = 0;    // edit: bytes of code page 949 (the column's width), 0 unlimited
     int charCase = 0;    // edit: 0 as typed, 1 upper, 2 lower
     bool shadow = false; // static, button: drawn in the heading colour
     double floatMax = 99999999999.0;

@@ -18,21 +18,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-int columnBytes(const QString& table, const QString& column) {
-    if (const TableDef* def = findTable(table)) {
-        for (const ColumnDef& c : def->columns) {
-            if (c.name == column) {
-                return c.type == ColumnType::Text ? c.width : 0;
-            }
-        }
-    }
-    return 0;
-}
-
-} // namespace
-
 FieldBinding& FieldBinding::required() {
     m_required = true;
     if (QWidget* marked = m_marked ? m_marked : m_widget) {
@@ -74,7 +59,7 @@ FieldBinding& RecordForm::add(const QString& column, QWidget* widget) {
 FieldBinding& RecordForm::text(QLineEdit* box, const QString& column) {
     FieldBinding& b = add(column, box);
     b.m_box = box;
-    if (const int bytes = columnBytes(m_table, column); bytes > 0) {
+    if (const int bytes = textColumnBytes(m_table, column); bytes > 0) {
         gsByteLimit(box, bytes);
     }
     b.m_get = [box] { return box->text(); };

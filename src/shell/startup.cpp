@@ -11,7 +11,9 @@
 #include "shell/singleinstance.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QFontDatabase>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QTimer>
@@ -60,6 +62,24 @@ void scheduleScreenshot(MAINMDI* window) {
 
 } // namespace
 
+bool openSessionDatabases(const QString& folder, QString& notice, QString& detail) {
+    Session& s = session();
+    s.config = ConnectionConfig::load(folder);
+    const PreparedDatabases prepared = prepareDatabases(s.config, folder, DemoData::Fill);
+    if (!prepared.failure.isEmpty()) {
+        gfsMsgBox(prepared.failure);
+        return false;
+    }
+    notice.clear();
+    detail = prepared.traceFailure;
+    if (!detail.isEmpty()) {
+        s.traceOff = true;
+        notice = QStringLiteral("SQL 기록 없이 실행합니다: %1을(를) 사용할 수 없습니다.")
+                     .arg(QFileInfo(ConnectionConfig::sqlitePath(s.config.update)).fileName());
+    }
+    return true;
+}
+
 int torvixMain(int argc, char** argv) {
     QApplication app(argc, argv);
     app.setApplicationName(QStringLiteral("TORVIX_OPERATE"));
@@ -82,10 +102,9 @@ int torvixMain(int argc, char** argv) {
     }
     instance.listen();
 
-    s.config = ConnectionConfig::load(dataFolder());
-    const QString problem = prepareEmbeddedDatabases(s.config, dataFolder(), DemoData::Fill);
-    if (!problem.isEmpty()) {
-        gfsMsgBox(problem);
+    QString notice;
+    QString noticeDetail;
+    if (!openSessionDatabases(dataFolder(), notice, noticeDetail)) {
         return 1;
     }
 
@@ -109,6 +128,10 @@ int torvixMain(int argc, char** argv) {
         window.activateWindow();
     });
     window.show();
+    if (!notice.isEmpty()) {
+        window.statusPanel(1)->setText(notice);
+        window.statusPanel(1)->setToolTip(noticeDetail);
+    }
     // TORVIX_OPEN=NNN opens a program by its number, as if typed into the menu box.
     if (const QString number = qEnvironmentVariable("TORVIX_OPEN"); !number.isEmpty()) {
         window.programBox()->setText(number);

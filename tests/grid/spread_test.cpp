@@ -271,6 +271,7 @@ TEST(SpreadTest, columnMergeIsRestrictedByTheColumnOnItsLeft) {
 
 TEST(SpreadTest, pasteFillsFromTheActiveCellAndGrowsTheGrid) {
     Grid g;
+    g.sp->setPasteAddsRows(true);
     gsSpreadColumn(g.sp, 5, QStringLiteral("잠김"), SpreadEdit, 5);
     g.sp->setLocked(-1, 5, true);
     g.sp->setActiveCell(2, 1);

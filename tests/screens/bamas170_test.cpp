@@ -212,3 +212,29 @@ TEST_F(Bamas170, anEmptyYearIsRefusedAndWritesNothing) {
     EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("YYYY = ''")), 0);
     EXPECT_EQ(child<QLabel>(screen, QStringLiteral("lblCode"))->text(), QStringLiteral("01"));
 }
+
+TEST_F(Bamas170, aLabelPastedOrTypedStaysInItsTenBytesAndInsideTheGrid) {
+    pickBrand(1, QStringLiteral("2023"));
+    const int last = sizes->maxRows();
+    ASSERT_EQ(last, 4);
+    const QString range = gfSpreadText(sizes, last, 2);
+    const QString table = gfSpreadText(sizes, last, 3);
+    // Three lines pasted on the last pair: the first lands, cut to ten bytes; no row is added.
+    clickCell(sizes, last, 4);
+    QApplication::clipboard()->setText(QStringLiteral("가나다라마바사아자차\t150\n1\t2\n3\t4\n"));
+    QTest::keyClick(sizes->view(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(sizes->maxRows(), last);
+    // Typed Korean stops at ten bytes too.
+    typeIntoCell(sizes, 1, 6, QStringLiteral("X"));
+    typeText(QApplication::focusWidget(), QStringLiteral("가나다라마바"));
+    clickToolButton(mainWindow(), QStringLiteral("Save"));
+    EXPECT_TRUE(presenter->boxes.isEmpty());
+    const QString where =
+        QStringLiteral(" FROM C_BRANDSIZE WHERE BRANDCD = '01' AND YYYY = '2023'");
+    EXPECT_EQ(scalar(QStringLiteral("SELECT C01 || '|' || C02") + where +
+                     QStringLiteral(" AND TEENSCOPE = '") + range +
+                     QStringLiteral("' AND SIZETAB = '") + table + QStringLiteral("'")),
+              QStringLiteral("가나다라마|150"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT MAX(LENGTH(C03))") + where), QStringLiteral("5"));
+    EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("YYYY = '2023'")), 4);
+}

@@ -138,6 +138,17 @@ const TableDef* findTable(const QString& name) {
     return nullptr;
 }
 
+int textColumnBytes(const QString& table, const QString& column) {
+    if (const TableDef* def = findTable(table)) {
+        for (const ColumnDef& c : def->columns) {
+            if (c.name.compare(column, Qt::CaseInsensitive) == 0) {
+                return c.type == ColumnType::Text ? c.width : 0;
+            }
+        }
+    }
+    return 0;
+}
+
 QString sqliteTableDdl(const TableDef& table) {
     return tableDdl(table, false);
 }

@@ -30,6 +30,9 @@ struct TableDef {
 // Every table of a logical database ("TORVIX" or "UPDATE"), in creation order.
 const std::vector<TableDef>& schemaTables();
 const TableDef* findTable(const QString& name);
+// The byte width of a text column as declared; 0 for another type, an unknown column or a text
+// of the default width.
+int textColumnBytes(const QString& table, const QString& column);
 
 QString sqliteTableDdl(const TableDef& table);
 QString sqlServerTableDdl(const TableDef& table);

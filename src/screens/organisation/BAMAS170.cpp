@@ -52,7 +52,7 @@ const GridColumns& sizeColumns() {
             columns.push_back(
                 {sizeLabelColumn(n), QString::number(n), CellType::Edit, 4, Align::Centre});
         }
-        return GridColumns(std::move(columns));
+        return GridColumns(std::move(columns), u"C_BRANDSIZE"_s);
     }();
     return table;
 }
