@@ -19,6 +19,7 @@ public:
 
     void m_clear() override { clearFields(); }
     void m_Excel() override;
+    ReportGrid reportGrid() const override;
 
     void sSelectQuery() override;
     void sSaveQuery() override;

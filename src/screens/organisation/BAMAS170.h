@@ -16,6 +16,7 @@ public:
 
     void m_clear() override { clearFields(); }
     void m_Excel() override;
+    ReportGrid reportGrid() const override;
 
     void sSelectQuery() override;
     void sSaveQuery() override;
