@@ -196,7 +196,12 @@ void paintCell(QPainter& p, const QRectF& rect, const QModelIndex& index) {
     }
     p.setPen(colour);
     const int align = index.data(Qt::TextAlignmentRole).toInt();
-    p.drawText(rect.adjusted(kPad, 0, -kPad, 0), align, text);
+    const QRectF inner = rect.adjusted(kPad, 0, -kPad, 0);
+    if (!text.contains(QLatin1Char('\n'))) {
+        // Cut as the screen cuts it, with an ellipsis, rather than in the middle of a letter.
+        text = QFontMetricsF(p.font()).elidedText(text, Qt::ElideRight, inner.width());
+    }
+    p.drawText(inner, align, text);
 }
 
 } // namespace
