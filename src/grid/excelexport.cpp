@@ -1,6 +1,7 @@
 #include "excelexport.h"
 
 #include "numerictext.h"
+#include "sheetprint.h"
 #include "spreadroutines.h"
 
 #include "data/datafolder.h"
@@ -141,6 +142,51 @@ struct Column {
     int width = 0;
 };
 
+// A merge of heading cells, in zero-based heading rows and sheet columns, with its text.
+struct HeadMerge {
+    int firstRow, lastRow, firstCol, lastCol;
+    QByteArray text;
+    bool wrap;
+};
+
+// The grid's heading merges over the sheet's columns: hidden columns drop out of a merge, and a
+// merge left with one cell is none.
+std::vector<HeadMerge> headMerges(const SpreadModel* model, const std::vector<Column>& columns) {
+    std::vector<HeadMerge> out;
+    const int heads = model->headRows();
+    for (const SpreadModel::Span& s : model->spans()) {
+        if (s.modelRow >= heads || s.modelCol < 1) {
+            continue;
+        }
+        int first = -1;
+        int last = -1;
+        for (const Column& col : columns) {
+            if (!col.hidden && col.grid >= s.modelCol && col.grid < s.modelCol + s.cols) {
+                first = first < 0 ? col.sheet : first;
+                last = col.sheet;
+            }
+        }
+        if (first < 0 || (first == last && s.rows == 1)) {
+            continue;
+        }
+        QString text = model->raw(SpreadModel::kHeadBase + s.modelRow, s.modelCol);
+        text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        out.push_back({s.modelRow, s.modelRow + s.rows - 1, first, last, text.toUtf8(),
+                       text.contains(QLatin1Char('\n'))});
+    }
+    return out;
+}
+
+const HeadMerge* mergeAt(const std::vector<HeadMerge>& merges, int row, int sheetCol) {
+    for (const HeadMerge& m : merges) {
+        if (row >= m.firstRow && row <= m.lastRow && sheetCol >= m.firstCol &&
+            sheetCol <= m.lastCol) {
+            return &m;
+        }
+    }
+    return nullptr;
+}
+
 } // namespace
 
 bool writeGridWorkbook(const QString& path, const QString& title, int lastCol, Spread* grid,
@@ -175,17 +221,22 @@ bool writeGridWorkbook(const QString& path, const QString& title, int lastCol, S
     format_set_align(headFirstWrap, LXW_ALIGN_VERTICAL_CENTER);
     format_set_text_wrap(headFirstWrap);
     lxw_format* headWrap = workbook_add_format(book);
+    format_set_align(headWrap, LXW_ALIGN_CENTER);
+    format_set_align(headWrap, LXW_ALIGN_VERTICAL_CENTER);
     format_set_text_wrap(headWrap);
     lxw_format* dateColumn = workbook_add_format(book);
     format_set_num_format(dateColumn, "yyyy\"-\"mm\"-\"dd\"\";@");
     format_set_align(dateColumn, LXW_ALIGN_CENTER);
     format_set_align(dateColumn, LXW_ALIGN_VERTICAL_CENTER);
+    // Negative amounts red, as on screen.
     lxw_format* decimals = workbook_add_format(book);
-    format_set_num_format(decimals, "#,##0.00_ ");
+    format_set_num_format(decimals, "#,##0.00_ ;[Red]\\-#,##0.00\\ ");
     lxw_format* whole = workbook_add_format(book);
-    format_set_num_format(whole, "#,##0_ ");
+    format_set_num_format(whole, "#,##0_ ;[Red]\\-#,##0\\ ");
     lxw_format* grouped = workbook_add_format(book);
-    format_set_num_format(grouped, "#,##0");
+    format_set_num_format(grouped, "#,##0;[Red]\\-#,##0");
+    lxw_format* plainNegative = workbook_add_format(book);
+    format_set_num_format(plainNegative, "General;[Red]\\-General");
 
     // Column formats, decided from the first data row.
     std::vector<Column> columns;
@@ -235,18 +286,31 @@ bool writeGridWorkbook(const QString& path, const QString& title, int lastCol, S
     };
 
     const int heads = grid->headRows();
+    const std::vector<HeadMerge> merges = headMerges(model, columns);
+    // Rows are written in order (constant memory): a merge is announced on its last row, when its
+    // first cell has been written already.
     for (int h = 0; h < heads && ok; ++h) {
         for (Column& col : columns) {
             if (col.hidden) {
                 continue;
             }
-            const QString t = cellText(SpreadModel::kHeadBase + h, col.grid);
-            col.width = qMax(col.width, displayWidth(t));
-            const bool wrap = t.contains(QLatin1Char('\n'));
-            lxw_format* f =
-                h == 0 ? (wrap ? headFirstWrap : headFirst) : (wrap ? headWrap : nullptr);
-            if (!t.isEmpty() || h == 0) {
+            const HeadMerge* merge = mergeAt(merges, h, col.sheet);
+            const bool origin = !merge || (merge->firstRow == h && merge->firstCol == col.sheet);
+            const QString t = origin ? cellText(SpreadModel::kHeadBase + h, col.grid) : QString();
+            if (!merge || merge->firstCol == merge->lastCol) {
+                col.width = qMax(col.width, displayWidth(t));
+            }
+            lxw_format* f = t.contains(QLatin1Char('\n')) ? headWrap : headFirst;
+            if (!t.isEmpty() || h == 0 || merge) {
                 ok &= writer.text(2 + h, col.sheet, t, f);
+            }
+        }
+        for (const HeadMerge& m : merges) {
+            if (m.lastRow == h) {
+                ok &= worksheet_merge_range(sheet, lxw_row_t(2 + m.firstRow), lxw_col_t(m.firstCol),
+                                            lxw_row_t(2 + m.lastRow), lxw_col_t(m.lastCol),
+                                            m.firstRow == h ? m.text.constData() : "",
+                                            m.wrap ? headWrap : headFirst) == LXW_NO_ERROR;
             }
         }
     }
@@ -276,7 +340,10 @@ bool writeGridWorkbook(const QString& path, const QString& title, int lastCol, S
                     continue;
                 }
             } else if (plainNumber(t, &number, &withSeparators)) {
-                lxw_format* f = col.format ? col.format : withSeparators ? grouped : nullptr;
+                lxw_format* f = col.format       ? col.format
+                                : withSeparators ? grouped
+                                : number < 0     ? plainNegative
+                                                 : nullptr;
                 ok &= worksheet_write_number(sheet, lxw_row_t(sheetRow), lxw_col_t(col.sheet),
                                              number, f) == LXW_NO_ERROR;
                 col.width = qMax(col.width,
@@ -301,8 +368,36 @@ bool writeGridWorkbook(const QString& path, const QString& title, int lastCol, S
                                        col.hidden ? &hidden : nullptr) == LXW_NO_ERROR;
     }
     worksheet_set_selection(sheet, 0, 0, 0, 0);
+
+    SheetPrint print;
+    print.lastRow = 2 + heads + qMax(rows, 1) - 1;
+    print.lastCol = lastSheetCol;
+    if (heads > 0) {
+        print.headFirst = 2;
+        print.headLast = 2 + heads - 1;
+    }
+    print.widths.assign(size_t(lastSheetCol) + 1, 8.43); // the sheet's default width
+    for (const Column& col : columns) {
+        print.widths[size_t(col.sheet)] = col.hidden      ? 0.0
+                                          : col.width > 0 ? col.width + 2.0
+                                                          : model->columnWidth(col.grid);
+    }
+    ok &= setUpSheetPrint(sheet, print);
     ok &= workbook_close(book) == LXW_NO_ERROR;
     return ok;
+}
+
+QString reportFileName(const QString& title) {
+    // Characters no file system takes become blanks; runs of blanks become one.
+    QString name = title;
+    static const QString unsafe = QStringLiteral("\\/:*?\"<>|");
+    for (QChar& c : name) {
+        if (unsafe.contains(c) || c.category() == QChar::Other_Control) {
+            c = QLatin1Char(' ');
+        }
+    }
+    name = name.simplified();
+    return name.isEmpty() ? QStringLiteral("Report") : name;
 }
 
 QString gsExcelExport(const QString& title, int lastCol, Spread* grid, const QString& subTitle) {
@@ -310,14 +405,7 @@ QString gsExcelExport(const QString& title, int lastCol, Spread* grid, const QSt
         return {};
     }
     const QString folder = dataFolder() + QStringLiteral("/Report");
-    QString name = title;
-    static const QString unsafe = QStringLiteral("\\/:*?\"<>|");
-    for (QChar& c : name) {
-        if (unsafe.contains(c)) {
-            c = QLatin1Char('_');
-        }
-    }
-    const QString path = folder + QLatin1Char('/') + name + QLatin1Char('_') +
+    const QString path = folder + QLatin1Char('/') + reportFileName(title) + QLatin1Char('_') +
                          QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd_hhmmss")) +
                          QStringLiteral(".xlsx");
     const QString date = gfRdoGetDbSysDate();

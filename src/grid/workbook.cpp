@@ -1,6 +1,7 @@
 #include "workbook.h"
 
 #include "excelexport.h"
+#include "sheetprint.h"
 
 #include <QFile>
 
@@ -32,6 +33,29 @@ std::pair<int, int> columnRange(const QString& columns) {
 }
 
 } // namespace
+
+SheetPrint Workbook::printOf(const Sheet& sheet) {
+    SheetPrint print;
+    const auto reach = [&print](int row, int col) {
+        print.lastRow = qMax(print.lastRow, row);
+        print.lastCol = qMax(print.lastCol, col);
+    };
+    for (const auto& [at, cell] : sheet.cells) {
+        reach(at.first, at.second);
+    }
+    for (const auto& [from, to] : sheet.merges) {
+        reach(to.first, to.second);
+    }
+    print.widths.assign(size_t(print.lastCol) + 1, 8.43); // the sheet's default width
+    for (const auto& [col, width] : sheet.widths) {
+        if (col <= print.lastCol) {
+            print.widths[size_t(col)] = width;
+        }
+    }
+    print.headFirst = sheet.titleFirst;
+    print.headLast = sheet.titleLast;
+    return print;
+}
 
 bool parseCellName(const QString& name, int* row, int* col) {
     qsizetype i = 0;
@@ -163,6 +187,18 @@ void Workbook::autoFit(const QString& columns) {
     }
 }
 
+void Workbook::setPrintTitles(const QString& rows) {
+    const QStringList parts = rows.split(QLatin1Char(':'));
+    bool firstOk = false;
+    bool lastOk = false;
+    const int first = parts.value(0).toInt(&firstOk);
+    const int last = parts.size() > 1 ? parts.value(1).toInt(&lastOk) : first;
+    if (firstOk && (parts.size() == 1 || lastOk) && first >= 1 && last >= first) {
+        current().titleFirst = first - 1;
+        current().titleLast = last - 1;
+    }
+}
+
 QString Workbook::text(const QString& cell) const {
     int r = 0, c = 0;
     if (m_sheets.empty() || !parseCellName(cell, &r, &c)) {
@@ -258,6 +294,7 @@ bool Workbook::saveAs(const QString& path) const {
                       LXW_NO_ERROR;
             }
         }
+        ok &= setUpSheetPrint(ws, printOf(sheet));
     }
     ok &= workbook_close(book) == LXW_NO_ERROR;
     return ok;

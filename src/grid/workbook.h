@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+struct SheetPrint;
+
 // A workbook built in memory and written as .xlsx on saveAs, for reports laid out in code (the
 // joint-purchase statement). Cells and ranges are named as in the spreadsheet: "B3", "A1:F1",
 // columns "C" or "C:F". Settings on a range apply to every cell of it, empty ones included.
@@ -32,6 +34,9 @@ public:
     void setNumberFormat(const QString& columns, const QString& format);
     // Widths fitted to what the columns hold (Korean letters count double).
     void autoFit(const QString& columns);
+    // Rows printed at the top of every page, as "3:4" (or "3"). Every sheet is saved set up to
+    // print (sheetprint.h): from A1 to its last cell, one page wide.
+    void setPrintTitles(const QString& rows);
     // False when the file cannot be written.
     bool saveAs(const QString& path) const;
 
@@ -61,8 +66,11 @@ private:
         std::map<int, double> widths;
         std::map<int, QString> columnFormats;
         std::vector<std::pair<std::pair<int, int>, std::pair<int, int>>> merges;
+        int titleFirst = -1;
+        int titleLast = -1;
     };
     Sheet& current();
+    static SheetPrint printOf(const Sheet& sheet);
     template <typename Apply> void eachCell(const QString& range, Apply apply);
 
     std::vector<Sheet> m_sheets;

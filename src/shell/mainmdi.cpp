@@ -299,6 +299,30 @@ void MAINMDI::buildMenuPanel() {
 
 QLabel* MAINMDI::statusPanel(int index) const { return m_panels[qBound(1, index, 3) - 1]; }
 
+void MAINMDI::showStatusOf(Screen* screen) {
+    QWidget* panels = screen ? screen->statusPanels() : nullptr;
+    if (panels == m_screenStatus) {
+        return;
+    }
+    if (m_screenStatus) {
+        statusBar()->removeWidget(m_screenStatus);
+    }
+    m_screenStatus = panels;
+    for (QLabel* own : m_panels) {
+        own->setVisible(!panels);
+    }
+    if (panels) {
+        statusBar()->addWidget(panels, 1);
+        panels->show();
+    }
+}
+
+void MAINMDI::releaseStatusOf(Screen* screen) {
+    if (screen && m_screenStatus && m_screenStatus == screen->statusPanels()) {
+        showStatusOf(nullptr);
+    }
+}
+
 QAction* MAINMDI::toolButton(ToolBarId bar, int index) const {
     return m_buttons[bar].value(index - 1, nullptr);
 }

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QMainWindow>
+#include <QPointer>
 
 class QAction;
 class QLabel;
@@ -25,7 +26,12 @@ public:
 
     QMdiArea* mdiArea() const { return m_mdi; }
     QDateTime startTime() const { return m_startTime; }
+    // The main window's own panels, shown while no screen is active.
     QLabel* statusPanel(int index) const;
+    // The one status bar shows the active screen's panels in place of the window's own; a
+    // closing screen gives the bar back.
+    void showStatusOf(Screen* screen);
+    void releaseStatusOf(Screen* screen);
     QTreeWidget* tree() const { return m_tree; }
     QLineEdit* programBox() const { return m_txtPGID; }
     QWidget* menuPanel() const { return m_picMenu; }
@@ -77,6 +83,7 @@ private:
     QToolBar* m_bars[3] = {};
     QList<QAction*> m_buttons[3];
     QLabel* m_panels[3];
+    QPointer<QWidget> m_screenStatus;
     QString m_panelTag = QStringLiteral("ON");
     QDateTime m_startTime;
     int m_screenWidth = 0;

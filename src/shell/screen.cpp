@@ -20,6 +20,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -33,7 +34,7 @@
 #include <vector>
 
 Screen::Screen(const QString& name, const QString& designCaption, QWidget* parent)
-    : QWidget(parent), m_content(new QVBoxLayout), m_statusBar(new QStatusBar(this)) {
+    : QWidget(parent), m_content(new QVBoxLayout), m_statusPanels(new QWidget(this)) {
     setObjectName(name);
     setWindowTitle(designCaption);
     auto* outer = new QVBoxLayout(this);
@@ -42,13 +43,27 @@ Screen::Screen(const QString& name, const QString& designCaption, QWidget* paren
     m_content->setContentsMargins(8, 8, 8, 8);
     m_content->setSpacing(6);
     outer->addLayout(m_content, 1);
-    m_statusBar->setObjectName(QStringLiteral("sbStatusBar"));
-    m_statusBar->setSizeGripEnabled(false);
-    outer->addWidget(m_statusBar);
+    // The panels go to the main window's status bar while the screen is active (see
+    // MAINMDI::showStatusOf); until then they wait hidden.
+    m_statusPanels->setObjectName(QStringLiteral("sbStatusBar"));
+    m_statusPanels->hide();
+    auto* row = new QHBoxLayout(m_statusPanels);
+    row->setContentsMargins(0, 0, 0, 0);
     for (int i = 0; i < 3; ++i) {
-        m_panels[i] = new QLabel(m_statusBar);
+        m_panels[i] = new QLabel(m_statusPanels);
         m_panels[i]->setObjectName(QStringLiteral("sbStatusBar_Panel%1").arg(i + 1));
-        m_statusBar->addWidget(m_panels[i], i == 0 ? 1 : 0);
+        m_panels[i]->setMinimumWidth(i == 0 ? 300 : 120);
+        row->addWidget(m_panels[i], i == 0 ? 1 : 0);
+    }
+}
+
+Screen::~Screen() {
+    // The panels may stand in the main window's status bar: take them out before they go.
+    if (QWidget* panels = m_statusPanels.data()) {
+        if (auto* bar = qobject_cast<QStatusBar*>(panels->parentWidget())) {
+            bar->removeWidget(panels);
+        }
+        delete panels;
     }
 }
 
@@ -135,6 +150,11 @@ void Screen::activateScreen() {
     session().gActiveForm = this;
     if (MAINMDI* main = mainWindow()) {
         main->setToolBarsFor(objectName());
+        if (reportGrid().grid) {
+            // Every report grid prints, where the bar's ranges had preview and print off.
+            main->gsToolBarSet(MAINMDI::TobToolBar2, 3, 2, 3);
+        }
+        main->showStatusOf(this);
     }
 }
 
@@ -190,6 +210,9 @@ void Screen::closeEvent(QCloseEvent* event) {
     }
     if (session().gActiveForm == this) {
         session().gActiveForm = nullptr;
+    }
+    if (MAINMDI* main = mainWindow()) {
+        main->releaseStatusOf(this);
     }
     event->accept();
 }

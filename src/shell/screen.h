@@ -1,14 +1,16 @@
 #pragma once
 
 #include <QDateTime>
+#include <QPointer>
 #include <QWidget>
 
 #include <functional>
 
 class QLabel;
-class QStatusBar;
 class QVBoxLayout;
 class DbError;
+class PrintablePages;
+class Spread;
 
 // The base of every child screen of the main window. A screen builds its fields in
 // setupScreen(), and the tool bars drive it through the seven public commands. Statements run in
@@ -17,11 +19,22 @@ class Screen : public QWidget {
     Q_OBJECT
 public:
     Screen(const QString& name, const QString& designCaption, QWidget* parent = nullptr);
+    ~Screen() override;
+
+    // The grid a screen reports in, with the title printed above it. A screen that declares one
+    // (reportGrid() below) gets the tool bar's "미리보기" and "출력" and their menu twins.
+    struct ReportGrid {
+        Spread* grid = nullptr;
+        QString title;
+        QString subTitle;
+        int lastCol = 0; // 0: every column
+    };
 
     // The seven commands of the tool bars. Search, save and delete run the screen's list query,
     // save and delete routines; the others do nothing unless a screen says otherwise.
     virtual void m_Excel() {}
-    virtual void m_Print(int mode) { Q_UNUSED(mode) }
+    // 1 the printer dialog (PDF among its printers), 2 the preview; the screen's report grid.
+    virtual void m_Print(int mode);
     virtual void m_Close();
     virtual void m_clear() { clearScreen(true); }
     virtual void m_Search() { sSelectQuery(); }
@@ -43,7 +56,14 @@ public:
     // Commits whatever is still being typed (a grid cell, a date box) before a command runs.
     void finishEditing();
     QDateTime startTime() const { return mdStart; }
+    // The screen's three status panels. They stand in the main window's status bar while the
+    // screen is the active one.
     QLabel* statusPanel(int index) const;
+    QWidget* statusPanels() const { return m_statusPanels; }
+    // What the tool bar's preview and print put on paper; no grid: the screen prints nothing.
+    virtual ReportGrid reportGrid() const { return {}; }
+    // The one print path: mode 1 the printer dialog, 2 the preview dialog; PDF through either.
+    void printPages(const PrintablePages& pages, int mode);
 
 protected:
     // Grids, combos and defaults; runs while mbLoaded is false.
@@ -51,7 +71,7 @@ protected:
     // True for the screens that search as soon as they are loaded.
     virtual bool searchesAtLoad() const { return false; }
 
-    // The area below which the status bar sits; a screen lays its bands out in it.
+    // The screen's area; a screen lays its bands out in it.
     QVBoxLayout* contentLayout() const { return m_content; }
     // "BAMAS105 : sSelectQuery"
     QString placeText(const QString& routine) const;
@@ -96,7 +116,7 @@ private:
     QWidget* nextField(QWidget* from) const;
 
     QVBoxLayout* m_content;
-    QStatusBar* m_statusBar;
+    QPointer<QWidget> m_statusPanels;
     QLabel* m_panels[3];
     bool m_logged = false;
 };

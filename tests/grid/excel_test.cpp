@@ -171,7 +171,7 @@ TEST_F(ExcelExportDbTest, exportsIntoTheReportFolderAndNothingForAnEmptyGrid) {
     fillGrid(&grid);
     const QString path = gsExcelExport(QStringLiteral("매장/현황"), grid.maxCols(), &grid);
     ASSERT_FALSE(path.isEmpty());
-    EXPECT_TRUE(path.startsWith(dir.path() + QStringLiteral("/Report/매장_현황_")));
+    EXPECT_TRUE(path.startsWith(dir.path() + QStringLiteral("/Report/매장 현황_")));
     EXPECT_TRUE(QFile::exists(path));
     EXPECT_TRUE(presenter->boxes.isEmpty());
 

@@ -7,8 +7,11 @@
 
 #include <QClipboard>
 #include <QLabel>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTimer>
 
 class Bamas170 : public ScreenTest {
 protected:
@@ -237,4 +240,24 @@ TEST_F(Bamas170, aLabelPastedOrTypedStaysInItsTenBytesAndInsideTheGrid) {
               QStringLiteral("가나다라마|150"));
     EXPECT_EQ(scalar(QStringLiteral("SELECT MAX(LENGTH(C03))") + where), QStringLiteral("5"));
     EXPECT_EQ(count(QStringLiteral("C_BRANDSIZE"), QStringLiteral("YYYY = '2023'")), 4);
+}
+
+TEST_F(Bamas170, theListPrintsFromTheToolBarAndAnEmptyListPrintsNothing) {
+    MAINMDI* window = mainWindow();
+    EXPECT_TRUE(window->toolButton(MAINMDI::TobToolBar2, 2)->isEnabled());
+    EXPECT_TRUE(window->toolButton(MAINMDI::TobToolBar2, 3)->isEnabled());
+    int previewPages = -1;
+    QTimer::singleShot(0, [&previewPages] {
+        auto* preview = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(preview, nullptr);
+        previewPages = preview->findChild<QPrintPreviewWidget*>()->pageCount();
+        preview->reject();
+    });
+    clickToolButton(window, QStringLiteral("Preview"));
+    EXPECT_EQ(previewPages, 1);
+
+    list->setMaxRows(0);
+    clickToolButton(window, QStringLiteral("Preview"));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(screen->statusPanel(1)->text(), QStringLiteral("조회된 데이터가 없습니다."));
 }

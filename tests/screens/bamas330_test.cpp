@@ -1,15 +1,23 @@
 // The stock report on a line counted by hand, through the screen's own buttons.
+#include "reportfiles.h"
 #include "screenfixture.h"
+#include "userinput.h"
 
 #include "data/dbroutines.h"
 #include "data/dialect.h"
 #include "data/sqlitedatabase.h"
+#include "grid/gridprinter.h"
 #include "grid/spreadroutines.h"
 #include "screens/stock/BAMAS330.h"
 #include "screens/stock/sizeheadings.h"
 
 #include <QComboBox>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QTimer>
 
 #include <sqlite3.h>
 
@@ -306,4 +314,49 @@ TEST_F(Bamas330, sexItemClassItemAndSchoolLevelNarrowTheReport) {
     EXPECT_EQ(lines(), QStringList{QStringLiteral("공통 공통셔츠")});
     choose(QStringLiteral("cboGT25"), 1);
     EXPECT_EQ(lines(), both);
+}
+
+TEST_F(Bamas330, theReportPrintsFromTheToolBarWithItsTitleAndHeadings) {
+    press("cmdViewSale1");
+    ASSERT_EQ(grid->maxRows(), 1);
+    // The screen exports through its own button; the bar offers preview and print.
+    MAINMDI* window = mainWindow();
+    EXPECT_FALSE(window->toolButton(MAINMDI::TobToolBar2, 1)->isEnabled());
+    EXPECT_TRUE(window->toolButton(MAINMDI::TobToolBar2, 2)->isEnabled());
+    EXPECT_TRUE(window->toolButton(MAINMDI::TobToolBar2, 3)->isEnabled());
+    EXPECT_TRUE(window->menuAction(QStringLiteral("mnuPrint"))->isEnabled());
+
+    int previewPages = -1;
+    QTimer::singleShot(0, [&previewPages] {
+        auto* preview = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(preview, nullptr);
+        previewPages = preview->findChild<QPrintPreviewWidget*>()->pageCount();
+        preview->reject();
+    });
+    clickToolButton(window, QStringLiteral("Preview"));
+    EXPECT_EQ(previewPages, 1);
+
+    bool printerAsked = false;
+    QTimer::singleShot(0, [&printerAsked] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        printerAsked = dialog != nullptr;
+        if (dialog) {
+            dialog->reject();
+        }
+    });
+    clickToolButton(window, QStringLiteral("Print"));
+    EXPECT_TRUE(printerAsked);
+
+    // What the dialogs print, as a PDF: the title, the filters, the headings and the line.
+    const Screen::ReportGrid report = screen->reportGrid();
+    const QString path = dir.filePath(QStringLiteral("stock.pdf"));
+    ASSERT_TRUE(
+        printToPdf(GridPrinter(report.grid, report.title, report.subTitle, report.lastCol), path));
+    EXPECT_EQ(pdfPageCount(path), 1);
+    EXPECT_TRUE(pdfLandscape(path));
+    const QString text = pdfPageText(path, 1).remove(QRegularExpression(QStringLiteral("[\\s\\x01]")));
+    for (const char* expected : {"재고현황", "청운교복", "강남점", "조회일", "합계", "최종등록일",
+                                 "한빛중", "동복자켓", "95", "-1"}) {
+        EXPECT_TRUE(text.contains(QString::fromUtf8(expected))) << expected;
+    }
 }

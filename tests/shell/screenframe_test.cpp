@@ -1,5 +1,6 @@
 // The frame every screen stands on: loading, the one trap per routine, input behaviour.
 #include "screenfixture.h"
+#include "userinput.h"
 
 #include "data/database.h"
 #include "data/dbroutines.h"
@@ -11,6 +12,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
 namespace {
@@ -175,4 +177,31 @@ TEST_F(ScreenFrame, theDeleteRunsUnderTheWaitCursorAndThenClearsWithFalse) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     mainWindow()->gsToolBarClick(MAINMDI::TobToolBar1, QStringLiteral("Clear"));
     EXPECT_EQ(probe->clears, (QList<bool>{false, true}));
+}
+
+TEST_F(ScreenFrame, theActiveScreensPanelsStandInTheMainWindowsOneStatusBar) {
+    MAINMDI* window = mainWindow();
+    EXPECT_EQ(window->findChildren<QStatusBar*>().size(), 1);
+    const auto shown = [window](Screen* screen) {
+        return screen->statusPanel(1)->window() == window && screen->statusPanel(1)->isVisible();
+    };
+    EXPECT_TRUE(shown(probe));
+    EXPECT_FALSE(window->statusPanel(2)->isVisible());
+
+    // A second screen takes the bar; going back to the first brings its note back.
+    probe->combo->setCurrentIndex(1);
+    Screen* brands = openByNumber(170);
+    ASSERT_NE(brands, nullptr);
+    EXPECT_TRUE(shown(brands));
+    EXPECT_FALSE(shown(probe));
+    EXPECT_EQ(window->findChildren<QStatusBar*>().size(), 1);
+    clickToolButton(window, QStringLiteral("Exit"));
+    EXPECT_TRUE(shown(probe));
+    EXPECT_EQ(probe->statusPanel(2)->text(), QStringLiteral("tester / 시험자"));
+
+    // With no screen left, the window's own panels are back.
+    clickToolButton(window, QStringLiteral("Exit"));
+    QApplication::processEvents();
+    EXPECT_TRUE(window->statusPanel(2)->isVisible());
+    EXPECT_TRUE(window->statusPanel(3)->text().startsWith(QStringLiteral("로그인시각 ")));
 }

@@ -166,5 +166,10 @@ void BAMAS105::cmdDelete_Click() {
 }
 
 void BAMAS105::m_Excel() {
-    gsExcelExport(u"매장 등록 현황"_s, columns().count(), SP1);
+    const ReportGrid report = reportGrid();
+    gsExcelExport(report.title, report.lastCol, report.grid);
+}
+
+Screen::ReportGrid BAMAS105::reportGrid() const {
+    return {SP1, u"매장 등록 현황"_s, QString(), columns().count()};
 }

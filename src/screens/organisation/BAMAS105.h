@@ -19,6 +19,7 @@ public:
 
     void clearScreen(bool) override { m_form.clear(); }
     void m_Excel() override;
+    ReportGrid reportGrid() const override;
 
     void sSelectQuery() override;
     void sSaveQuery() override;

@@ -250,5 +250,10 @@ void BAMAS170::cmdDelete_Click() {
 }
 
 void BAMAS170::m_Excel() {
-    gsExcelExport(u"브랜드 관리"_s, listColumns().count(), SP1);
+    const ReportGrid report = reportGrid();
+    gsExcelExport(report.title, report.lastCol, report.grid);
+}
+
+Screen::ReportGrid BAMAS170::reportGrid() const {
+    return {SP1, u"브랜드 관리"_s, QString(), listColumns().count()};
 }

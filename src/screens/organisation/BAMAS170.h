@@ -16,6 +16,7 @@ public:
 
     void clearScreen(bool) override;
     void m_Excel() override;
+    ReportGrid reportGrid() const override;
 
     void sSelectQuery() override;
     void sSaveQuery() override;

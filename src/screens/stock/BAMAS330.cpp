@@ -362,11 +362,20 @@ void BAMAS330::totals() {
     }
 }
 
+QString BAMAS330::filterText() const {
+    return QStringLiteral("시즌 : ") +
+           (cboGT22->currentIndex() > 0 ? m_gt22.name(cboGT22->currentIndex()) : QString()) +
+           QStringLiteral("   브랜드 : ") + cboBrand->currentText() + QStringLiteral("   매장 : ") +
+           cboStore->currentText();
+}
+
 void BAMAS330::cmdExcel_Click() {
-    gsExcelExport(
-        QStringLiteral("시즌 : ") +
-            (cboGT22->currentIndex() > 0 ? m_gt22.name(cboGT22->currentIndex()) : QString()) +
-            QStringLiteral("   브랜드 : ") + cboBrand->currentText() +
-            QStringLiteral("   매장 : ") + cboStore->currentText(),
-        ColCount, SP31);
+    gsExcelExport(filterText(), ColCount, SP31);
+}
+
+Screen::ReportGrid BAMAS330::reportGrid() const {
+    return {SP31, QStringLiteral("재고현황"),
+            filterText() + QStringLiteral("   조회일 : ") +
+                dtpEnd->date().toString(QStringLiteral("yyyy-MM-dd")),
+            ColCount};
 }

@@ -25,6 +25,8 @@ public:
     // The filters of a report, as the lists stand.
     StockFilter currentFilter() const;
     QString currentYear() const { return m_currentYear; }
+    // The stock report, with its filters on the line under the title.
+    ReportGrid reportGrid() const override;
 
 protected:
     void setupScreen() override;
@@ -42,6 +44,8 @@ private:
     void colourButtons(QPushButton* active);
     void fillReport(const RecordSet& rs);
     void totals();
+    // "시즌 : ..   브랜드 : ..   매장 : ..", the workbook's title line.
+    QString filterText() const;
 
     QTabWidget* SSTab1 = nullptr;
     QComboBox* cboBrand = nullptr;
