@@ -143,10 +143,12 @@ TEST(ExcelExportTest, numberFormatsComeFromTheFirstRowAndOneColumnExports) {
     const QString path = dir.filePath(QStringLiteral("formats.xlsx"));
     ASSERT_TRUE(
         writeGridWorkbook(path, QStringLiteral("단가"), 3, &grid, {}, QStringLiteral("20240315")));
-    EXPECT_EQ(cellFormat(path, QStringLiteral("A4")), QStringLiteral("#,##0.00_ "));
-    EXPECT_EQ(cellFormat(path, QStringLiteral("B4")), QStringLiteral("#,##0_ "));
+    // The positive section is the column's format; negatives get a red section of their own.
+    EXPECT_EQ(cellFormat(path, QStringLiteral("A4")),
+              QStringLiteral("#,##0.00_ ;[Red]\\-#,##0.00\\ "));
+    EXPECT_EQ(cellFormat(path, QStringLiteral("B4")), QStringLiteral("#,##0_ ;[Red]\\-#,##0\\ "));
     EXPECT_EQ(cellFormat(path, QStringLiteral("C4")), QString());
-    EXPECT_NE(cellFormat(path, QStringLiteral("C5")), QStringLiteral("#,##0_ "));
+    EXPECT_FALSE(cellFormat(path, QStringLiteral("C5")).startsWith(QStringLiteral("#,##0_ ")));
 
     // A grid of one column: nothing to merge, the file is whole.
     const QString single = dir.filePath(QStringLiteral("single.xlsx"));

@@ -93,6 +93,7 @@ public:
     bool inTransaction() const override { return real->inTransaction(); }
     const Dialect& dialect() const override { return real->dialect(); }
     void setStatementTimeout(int seconds) override { real->setStatementTimeout(seconds); }
+    void setLockWait(int milliseconds) override { real->setLockWait(milliseconds); }
 
     std::unique_ptr<Database> real;
     QStringList seen;
