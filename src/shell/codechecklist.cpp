@@ -1,5 +1,6 @@
 #include "shell/codechecklist.h"
 
+#include "data/sqlvalue.h"
 #include "shell/buttonarray.h"
 #include "shell/codecontrols.h"
 
@@ -26,6 +27,14 @@ CodeCheckList::CodeCheckList(const QString& group, const QString& listName, cons
 
 QString CodeCheckList::list() const {
     return m_list->text();
+}
+
+QString CodeCheckList::sqlList() const {
+    QStringList codes = list().split(u"','"_s, Qt::SkipEmptyParts);
+    for (QString& code : codes) {
+        code = quoted(code);
+    }
+    return codes.join(u", "_s);
 }
 
 void CodeCheckList::clearChecks() {

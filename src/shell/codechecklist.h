@@ -22,6 +22,8 @@ public:
 
     // The joined codes, "" when none is checked.
     QString list() const;
+    // The checked codes each through quoted() and joined by ", ", to stand inside "IN (...)".
+    QString sqlList() const;
     // Every element off, the list empty; no signal.
     void clearChecks();
     // The click logic: the list is rebuilt and listChanged follows.

@@ -1,4 +1,8 @@
+#include "screens/school/BAMAS115.h"
 #include "screens/screens.h"
+#include "shell/screenregistry.h"
 
 // The screens of this folder make themselves known to the main window's number table here.
-void registerSchoolScreens() {}
+void registerSchoolScreens() {
+    registerScreenFactory(QStringLiteral("BAMAS115"), [] { return new BAMAS115; });
+}
