@@ -46,10 +46,10 @@ QString fromCell(const QString& cell) {
 // hidden, the counts turned into the two check columns.
 const GridColumns& BAMAS115::columns() {
     static const GridColumns table{
-        {u"SEASON"_s, u"시즌"_s, CellType::Static, 5, Align::Centre},
-        {u"SUBMAIN"_s, u"품목"_s, CellType::Static, 5, Align::Centre},
-        {u"UNITYPE"_s, u"품종"_s, CellType::Static, 5, Align::Centre},
-        {u"DIVIDE"_s, u"성별"_s, CellType::Static, 5, Align::Centre},
+        {u"SEASON"_s, u"시즌"_s, CellType::Static, 7, Align::Centre},
+        {u"SUBMAIN"_s, u"품목"_s, CellType::Static, 7, Align::Centre},
+        {u"UNITYPE"_s, u"품종"_s, CellType::Static, 7, Align::Centre},
+        {u"DIVIDE"_s, u"성별"_s, CellType::Static, 7, Align::Centre},
         {u"CD"_s, u"코드"_s, CellType::Static, 5, Align::Centre},
         {u"UNIFORMNAME"_s, u"품명"_s, CellType::Static, 11},
         {u"UNIFORMBTNVIEW"_s, u"버튼표출"_s, CellType::Static, 11},

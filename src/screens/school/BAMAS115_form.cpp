@@ -38,28 +38,35 @@ void BAMAS115::setupScreen() {
     auto* common = new QGroupBox(u"공통복종 리스트"_s, this);
     (new QVBoxLayout(common))->addWidget(SP2);
 
+    // Both lists scroll rather than widen the screen.
+    SP1->setMinimumWidth(200);
+    SP2->setMinimumWidth(120);
     auto* lists = new QHBoxLayout;
-    lists->addWidget(SP1, 5);
-    lists->addWidget(common, 2);
+    lists->addWidget(SP1, 3);
+    lists->addWidget(common, 1);
     contentLayout()->addLayout(lists, 1);
     sGridInit();
 }
 
 QWidget* BAMAS115::buildFilter() {
     auto* band = new QGroupBox(u"조회조건"_s, this);
-    auto* layout = new QHBoxLayout(band);
+    auto* layout = new QGridLayout(band);
+    layout->setVerticalSpacing(2);
     const auto filter = [this, layout](const QString& group, const QString& kind, int across,
-                                       const QString& label) {
+                                       const QString& label, int row, int at, int span) {
         auto* list = new CodeCheckList(group, u"txtCh"_s + group, kind, across, this);
         connect(list, &CodeCheckList::listChanged, this, [this] { sSelectQuery(); });
-        layout->addWidget(new QLabel(label, this));
-        layout->addWidget(list, across);
+        layout->addWidget(new QLabel(label, this), row, at * 2);
+        layout->addWidget(list, row, at * 2 + 1, 1, span * 2 - 1);
         return list;
     };
-    m_chkGT22 = filter(u"GT22"_s, u"EGT022"_s, 3, u"시즌"_s);
-    m_chkGT23 = filter(u"GT23"_s, u"GT023"_s, 3, u"성별"_s);
-    m_chkGT28 = filter(u"GT28"_s, u"GT028"_s, 2, u"품목"_s);
-    m_chkCGT01 = filter(u"CGT01"_s, u"CGT01"_s, 8, u"품종"_s);
+    m_chkGT22 = filter(u"GT22"_s, u"EGT022"_s, 4, u"시즌"_s, 0, 0, 1);
+    m_chkGT23 = filter(u"GT23"_s, u"GT023"_s, 3, u"성별"_s, 0, 1, 1);
+    m_chkGT28 = filter(u"GT28"_s, u"GT028"_s, 2, u"품목"_s, 0, 2, 1);
+    m_chkCGT01 = filter(u"CGT01"_s, u"CGT01"_s, 9, u"품종"_s, 1, 0, 3);
+    for (int c : {1, 3, 5}) {
+        layout->setColumnStretch(c, 1);
+    }
     return band;
 }
 
@@ -69,7 +76,7 @@ QWidget* BAMAS115::buildEditBand() {
     m_gt23 = new CodeOptionField(u"GT23"_s, u"GT023"_s, 1, 3, this);
     m_gt26 = new CodeOptionField(u"GT26"_s, u"GT026"_s, 1, 4, this);
     m_gt28 = new CodeOptionField(u"GT28"_s, u"GT028"_s, 1, 2, this);
-    m_cgt01 = new CodeOptionField(u"CGT01"_s, u"CGT01"_s, 2, 8, this);
+    m_cgt01 = new CodeOptionField(u"CGT01"_s, u"CGT01"_s, 2, 9, this);
     connect(m_gt22, &CodeOptionField::codeChanged, this, [this](const QString& season) {
         for (int element : kNotInSummer) {
             m_cgt01->setElementEnabled(element, season != kSummer);
@@ -117,10 +124,10 @@ QWidget* BAMAS115::buildEditBand() {
                          {m_form.text(txtCode, u"UNIFORMSEQ"_s).required().notSaved().widget(), 0},
                          {new QWidget(this), 1}}));
     band->add(1, 0, u"품목"_s, m_form.codeOptions(m_gt28, u"SUBMAIN"_s).required().keptOnClear());
-    band->add(1, 1, u"품종"_s, m_form.codeOptions(m_cgt01, u"UNITYPE"_s).required().keptOnClear(),
+    band->add(1, 1, u"Size탭"_s, m_form.codeOptions(m_gt26, u"SIZETAB"_s).required().keptOnClear());
+    band->add(1, 2, u"품명"_s, m_form.text(txtName, u"UNIFORMNAME"_s).required());
+    band->add(2, 0, u"품종"_s, m_form.codeOptions(m_cgt01, u"UNITYPE"_s).required().keptOnClear(),
               2);
-    band->add(2, 0, u"Size탭"_s, m_form.codeOptions(m_gt26, u"SIZETAB"_s).required().keptOnClear());
-    band->add(2, 1, u"품명"_s, m_form.text(txtName, u"UNIFORMNAME"_s).required());
     band->add(2, 2, u"사양"_s, m_form.text(txtSpec, u"UNIFORMSPEC"_s));
     m_form.value(
         u"UNIFORMBTNVIEW"_s, [this] { return txtButName->value(); },
