@@ -3,8 +3,11 @@
 #include "screenfixture.h"
 #include "userinput.h"
 
+#include "data/database.h"
 #include "data/dbroutines.h"
+#include "data/demo/demochain.h"
 #include "data/dialect.h"
+#include "data/session.h"
 #include "grid/spreadroutines.h"
 #include "screens/school/BAMAS115.h"
 #include "screens/school/BAMAS115_SUB.h"
@@ -292,4 +295,32 @@ TEST_F(Bamas115Popups, theServerTextOfTheSchoolListsCarriesNoSqliteSpelling) {
             EXPECT_TRUE(sql.contains(QStringLiteral("SU.SEASON IN ('A', 'N')")));
         }
     });
+}
+
+// Run by hand (--gtest_also_run_disabled_tests): pictures of both pop-ups on the demo chain,
+// written to the folder TORVIX_SHOTS names.
+class Bamas115Shots : public ScreenTest {};
+
+TEST_F(Bamas115Shots, DISABLED_grabsThePopupsOnTheDemoChain) {
+    generateDemoChain(*session().gDb, 1, 1);
+    auto* screen = openByNumber<BAMAS115>(115);
+    ASSERT_NE(screen, nullptr);
+    auto* list = screen->findChild<Spread*>(QStringLiteral("SP1"));
+    const QString folder = qEnvironmentVariable("TORVIX_SHOTS", QStringLiteral("."));
+    for (const auto& [col, file] :
+         {std::pair{12, "s115_sub.png"}, std::pair{13, "s115_trans.png"}}) {
+        int row = 1;
+        while (row < list->dataRowCnt() && list->model()->value(row, col) != QStringLiteral("1")) {
+            ++row;
+        }
+        QTimer::singleShot(0, [&, name = QString::fromLatin1(file)] {
+            QWidget* popup = QApplication::activeModalWidget();
+            ASSERT_NE(popup, nullptr);
+            auto* items = popup->findChild<Spread*>(QStringLiteral("SP1"));
+            clickCell(items, 1, 2);
+            popup->grab().save(folder + u'/' + name);
+            popup->close();
+        });
+        clickCell(list, row, col, true);
+    }
 }

@@ -83,7 +83,7 @@ const GridColumns& BAMAS115_SUB::schoolColumns() {
 BAMAS115_SUB::BAMAS115_SUB(const BaseItem& base, QWidget* parent) : Popup(parent), m_base(base) {
     setObjectName(u"BAMAS115_SUB"_s);
     setWindowTitle(u"공통복종 관리"_s);
-    resize(1000, 720);
+    resize(1100, 720);
     auto* column = new QVBoxLayout(this);
     column->addWidget(buildFields());
     column->addWidget(buildSchools(), 1);
@@ -199,6 +199,7 @@ QWidget* BAMAS115_SUB::buildSchools() {
         grid->setLocked(-1, -1, true);
         grid->setLocked(-1, 1, false);
         grid->setMaxRows(kSchoolPickRows);
+        grid->setMinimumWidth(310); // the school's name in full
         checkAllOnHeadingDoubleClick(grid, schoolColumns());
         auto* box = new QGroupBox(caption, this);
         (new QVBoxLayout(box))->addWidget(grid);

@@ -79,7 +79,7 @@ BAMAS115_Trans::BAMAS115_Trans(const QString& uniformCode, const QString& unifor
     : Popup(parent) {
     setObjectName(u"BAMAS115_Trans"_s);
     setWindowTitle(u"전용 관리"_s);
-    resize(1180, 700);
+    resize(1240, 700);
     lblUniformCd = panel(this, u"lblUniformCd"_s, uniformCode.trimmed());
     lblUniformName = panel(this, u"lblUniformName"_s, uniformName);
     lblCode = panel(this, u"lblCode"_s, QString());
@@ -154,6 +154,7 @@ QWidget* BAMAS115_Trans::buildLists() {
         grid->setLocked(-1, -1, true);
         grid->setLocked(-1, 1, false);
         grid->setMaxRows(kSchoolPickRows);
+        grid->setMinimumWidth(340); // the school's name in full
         checkAllOnHeadingDoubleClick(grid, schoolColumns());
         auto* box = new QGroupBox(caption, this);
         (new QVBoxLayout(box))->addWidget(grid);
