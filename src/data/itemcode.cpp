@@ -28,6 +28,17 @@ QString itemFullCode(const Dialect& d, const QString& alias) {
     return d.cat(baseParts(d, alias) << u"RTRIM(%1)"_s.arg(column(alias, "UNIFORMCOMSEQ")));
 }
 
+QString itemListCode(const Dialect& d, const QString& alias) {
+    return d.cat({u"RTRIM(%1)"_s.arg(column(alias, "SEASON")),
+                  u"RTRIM(%1)"_s.arg(column(alias, "DIVIDE")),
+                  u"RTRIM(%1)"_s.arg(column(alias, "UNIFORMSEQ"))});
+}
+
+QString itemJoinCode(const Dialect& d, const QString& alias) {
+    return d.cat({column(alias, "SEASON"), column(alias, "DIVIDE"), column(alias, "UNIFORMSEQ"),
+                  column(alias, "UNIFORMCOMSEQ")});
+}
+
 QString itemJoin(const Dialect& d, const QString& alias, const QString& otherAlias,
                  const QString& otherCode) {
     return column(alias, "COMPANY") + u" = "_s + column(otherAlias, "COMPANY") + u" AND "_s +
