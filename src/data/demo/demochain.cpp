@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <initializer_list>
 #include <map>
@@ -131,7 +132,7 @@ class Generator {
 public:
     Generator(Database& db, int seed, int scale, const QDate& today)
         : m_db(db), m_rng(std::uint64_t(seed)), m_scale(std::max(1, scale)), m_today(today),
-          m_year(today.year()) {}
+          m_year(today.year()), m_first(today.addDays(-395)) {}
 
     void run() {
         programs();
@@ -143,8 +144,7 @@ public:
         users();
         prices();
         contracts();
-        stock();
-        slips();
+        history();
         students();
     }
 
@@ -770,20 +770,592 @@ private:
         return out;
     }
 
-    std::array<int, 24> quantities(int labels, int lo, int hi) {
-        std::array<int, 24> q{};
-        for (int n = 0; n < labels && n < 24; ++n) {
-            const int centre = labels / 2;
-            const int weight = std::max(1, labels / 2 - std::abs(n - centre) + 1);
-            q[size_t(n)] = std::max(0, m_rng.between(lo, hi) * weight / std::max(1, labels / 2));
-        }
-        return q;
-    }
-
     int nextSeq(std::map<string, int>& perDay, const string& day) { return ++perDay[day]; }
 
-    // Orders, receipts, transfers, corrections and opening stock of every store.
-    void stock() {
+    // ---- Stock, kept in time order ------------------------------------------------------
+    //
+    // Goods arrive before they are sold. Each store buys twice a year ahead of the season
+    // (mid-October the winter goods of the next model year, early April the summer goods),
+    // enough for what the season is expected to sell; a line that runs short is reordered and
+    // booked in a few days before the sale that needed it. Last year's goods that run out are
+    // sold from the newer model. Only in the last week may a shop sell what an open order will
+    // bring, so those few lines stand below zero until the goods are booked in. Transfers and
+    // corrections move only stock that is there.
+    //
+    // The books follow the stock report's reading of the movements: a common item's stock is
+    // one pile per store (the report gathers it under the greatest school offering the item),
+    // and a common item sold where that school is not served never reaches the report.
+
+    struct StockLine {
+        int school; // the school its documents carry
+        int item;
+        int year;
+        int labels; // size positions in use
+        std::array<int, 24> onHand{};
+        bool opening = false; // has opening stock: receipts would count it again in the report
+        bool awaited = false; // an open order will bring what is missing
+        bool stocked = false; // has had goods
+    };
+
+    struct Tables {
+        DemoTable &head, &line, &ret, &adjust, &credit, &repair, &piece, &delivery;
+        DemoTable &base, &order, &in, &out;
+    };
+
+    // A model year's goods are sold from November of the year before.
+    static int modelYearOf(const QDate& d) { return d.month() >= 11 ? d.year() + 1 : d.year(); }
+    static bool summerDay(const QDate& d) { return d.month() >= 5 && d.month() <= 9; }
+
+    // The buying days: 10 April (summer) and 15 October (winter of the next model year).
+    std::vector<QDate> buyingDays() const {
+        std::vector<QDate> days;
+        for (int y = m_first.year() - 1; y <= m_today.year() + 1; ++y) {
+            days.push_back(QDate(y, 4, 10));
+            days.push_back(QDate(y, 10, 15));
+        }
+        return days;
+    }
+
+    // Chance of each size position among n labels, as the till picks them (middlePick).
+    const std::vector<double>& sizeShare(int n) {
+        auto found = m_sizeShare.find(n);
+        if (found == m_sizeShare.end()) {
+            std::vector<double> share(size_t(n), 0.0);
+            for (int a = 0; a < n; ++a) {
+                for (int b = 0; b < n; ++b) {
+                    share[size_t((a + b + 1) / 2 % n)] += 1.0 / double(n * n);
+                }
+            }
+            found = m_sizeShare.emplace(n, std::move(share)).first;
+        }
+        return found->second;
+    }
+
+    // Items a slip of the school may hold for one sex and season.
+    int choiceCount(const School& school, const string& divide, bool summer) const {
+        int n = 0;
+        for (int k : school.items) {
+            const Item& item = m_items[size_t(k)];
+            if (item.inUse && item.divide == divide &&
+                (item.season == "A" || item.season == (summer ? "S" : "N"))) {
+                ++n;
+            }
+        }
+        return n;
+    }
+
+    // Pieces of an item of one model year that the store's tills are expected to sell to
+    // pupils of one school between two days, by size position, from the day weights and the
+    // rules by which a slip picks its lines.
+    void expect(std::array<double, 24>& pieces, const Store& store, int schoolIndex, int k,
+                int year, const QDate& from, const QDate& to) {
+        const School& school = m_schools[size_t(schoolIndex)];
+        const Item& item = m_items[size_t(k)];
+        const auto& labels = m_sizes[size_t(store.brand)].labels(school.level, item.sizetab, year);
+        const double sex = item.divide == "B"   ? (school.divide == '1'   ? 1.0
+                                                   : school.divide == '3' ? 0.5
+                                                                          : 0.0)
+                           : item.divide == "G" ? (school.divide == '2'   ? 1.0
+                                                   : school.divide == '3' ? 0.5
+                                                                          : 0.0)
+                                                : 0.0;
+        if (labels.empty() || sex == 0.0 || !item.inUse) {
+            return;
+        }
+        // 3.3 lines a slip, 1.12 pieces a line, one line in a hundred is aftercare.
+        const double perSlip = sex / double(store.schools.size()) * 3.3 * 1.12 * 0.99;
+        double slips[2] = {0.0, 0.0};
+        const int lo = std::max(0, int(m_first.daysTo(from)));
+        const int hi = std::min(int(m_slipsPerDay.size()) - 1, int(m_first.daysTo(to)));
+        for (int i = lo; i <= hi; ++i) {
+            const int current = m_dayModelYear[size_t(i)];
+            const double share = year == current ? 0.8 : year == current - 1 ? 0.2 : 0.0;
+            slips[m_daySummer[size_t(i)] ? 1 : 0] += share * m_slipsPerDay[size_t(i)];
+        }
+        double total = 0.0;
+        for (int summer = 0; summer < 2; ++summer) {
+            const bool fits = item.season == "A" || item.season == (summer ? "S" : "N");
+            const int choices = choiceCount(school, item.divide, summer == 1);
+            if (fits && choices > 0) {
+                total += slips[summer] * perSlip / choices;
+            }
+        }
+        const auto& share = sizeShare(int(labels.size()));
+        for (std::size_t p = 0; p < share.size() && p < 24; ++p) {
+            pieces[p] += total * share[p];
+        }
+    }
+
+    // The schools of the store whose pupils buy from a line: its own school, or every school
+    // of the store offering a common item.
+    void expectLine(std::array<double, 24>& pieces, const Store& store, int school, int k, int year,
+                    const QDate& from, const QDate& to) {
+        if (school >= 0) {
+            expect(pieces, store, school, k, year, from, to);
+            return;
+        }
+        for (int s : store.schools) {
+            const auto& items = m_schools[size_t(s)].items;
+            if (std::find(items.begin(), items.end(), k) != items.end()) {
+                expect(pieces, store, s, k, year, from, to);
+            }
+        }
+    }
+
+    // A little over what is expected, and a piece of every size that sells at all: a shop
+    // keeps each size on the shelf.
+    static int toBuy(double expected) {
+        return expected < 0.05 ? 0 : int(std::ceil(expected * 1.15));
+    }
+
+    // The line of the store's books, made when first needed. school -1: a common item.
+    int stockLine(const Store& store, int school, int k, int year) {
+        const std::array<int, 3> key{school, k, year};
+        const auto found = m_lineIndex.find(key);
+        if (found != m_lineIndex.end()) {
+            return found->second;
+        }
+        const Item& item = m_items[size_t(k)];
+        int docSchool = school;
+        if (school < 0) {
+            const int greatest = m_commonSchool[size_t(k)];
+            const bool served = std::find(store.schools.begin(), store.schools.end(), greatest) !=
+                                store.schools.end();
+            docSchool = served ? greatest : -1;
+            for (int s = 0; docSchool < 0 && s < int(store.schools.size()); ++s) {
+                const auto& items = m_schools[size_t(store.schools[size_t(s)])].items;
+                if (std::find(items.begin(), items.end(), k) != items.end()) {
+                    docSchool = store.schools[size_t(s)];
+                }
+            }
+        }
+        if (docSchool < 0) {
+            docSchool = store.schools.front();
+        }
+        const School& doc = m_schools[size_t(docSchool)];
+        StockLine line{
+            docSchool, k, year,
+            int(m_sizes[size_t(store.brand)].labels(doc.level, item.sizetab, year).size())};
+        m_lines.push_back(line);
+        m_lineIndex.emplace(key, int(m_lines.size()) - 1);
+        return int(m_lines.size()) - 1;
+    }
+
+    void stockRowHead(DemoRow& r, const Store& store, const string& day, int seq,
+                      const StockLine& line) {
+        const Item& item = m_items[size_t(line.item)];
+        r.t(kCompany)
+            .t(store.code)
+            .t(day)
+            .n(seq)
+            .t(m_schools[size_t(line.school)].code)
+            .t(item.divide == "G" ? "2" : "1")
+            .t(item.code())
+            .t(year(line.year));
+    }
+
+    // An order line; returns its sequence of the day.
+    int writeOrder(Tables& t, Store& store, const StockLine& line, const QDate& day,
+                   const std::array<int, 24>& q, const char* finish) {
+        const string od = ymd(day);
+        const int seq = nextSeq(store.orderSeq, od);
+        const string when = stamp(day, 11);
+        DemoRow r;
+        stockRowHead(r, store, od, seq, line);
+        r.t(string(1, m_items[size_t(line.item)].sizetab));
+        sizes(r, q);
+        r.t(finish)
+            .t(string(kBrands[store.brand].full) + " 물류센터")
+            .t(when)
+            .t("store" + store.code)
+            .t(when)
+            .t("store" + store.code);
+        t.order.add(r);
+        return seq;
+    }
+
+    void writeReceipt(Tables& t, Store& store, const StockLine& line, const QDate& day,
+                      const std::array<int, 24>& q, const QDate& orderDay, int orderSeq) {
+        const string dd = ymd(day);
+        const string at = stamp(day, 15);
+        DemoRow r;
+        stockRowHead(r, store, dd, nextSeq(store.inboundSeq, dd), line);
+        r.t(string(1, m_items[size_t(line.item)].sizetab));
+        sizes(r, q);
+        r.t(ymd(orderDay))
+            .n(orderSeq)
+            .t(string(kBrands[store.brand].full) + " 물류센터")
+            .t("A")
+            .t(at)
+            .t("store" + store.code)
+            .t(at)
+            .t("store" + store.code);
+        t.in.add(r);
+    }
+
+    static void addTo(StockLine& line, const std::array<int, 24>& q) {
+        for (std::size_t p = 0; p < 24; ++p) {
+            line.onHand[p] += q[p];
+        }
+        line.stocked = true;
+    }
+
+    // The lines of goods a store keeps: each school's own items, and each common item once.
+    std::vector<std::pair<int, int>> storeLines(const Store& store) const {
+        std::vector<std::pair<int, int>> lines;
+        for (int s : store.schools) {
+            for (int k : m_schools[size_t(s)].items) {
+                const Item& item = m_items[size_t(k)];
+                if (!item.inUse) {
+                    continue;
+                }
+                const std::pair<int, int> line{item.common() ? -1 : s, k};
+                if (std::find(lines.begin(), lines.end(), line) == lines.end()) {
+                    lines.push_back(line);
+                }
+            }
+        }
+        return lines;
+    }
+
+    // Opening stock: what the shop held of older models when its books start.
+    void openingStock(Tables& t, const Store& store, int firstBought) {
+        DemoRow r;
+        for (const auto& [school, k] : storeLines(store)) {
+            for (int y = firstBought - 2; y < firstBought; ++y) {
+                std::array<double, 24> expected{};
+                expectLine(expected, store, school, k, y, m_first, m_today);
+                std::array<int, 24> q{};
+                int total = 0;
+                for (std::size_t p = 0; p < 24; ++p) {
+                    q[p] = toBuy(expected[p]);
+                    total += q[p];
+                }
+                if (total == 0) {
+                    continue;
+                }
+                StockLine& line = m_lines[size_t(stockLine(store, school, k, y))];
+                line.opening = true;
+                addTo(line, q);
+                const Item& item = m_items[size_t(k)];
+                r.t(kCompany)
+                    .t(store.code)
+                    .t(m_schools[size_t(line.school)].code)
+                    .t(item.code())
+                    .t(year(y))
+                    .t(string(1, item.sizetab))
+                    .t(item.divide == "G" ? "2" : "1");
+                sizes(r, q);
+                t.base.add(r);
+            }
+        }
+    }
+
+    // The season's buy, booked in on `day` (ordered three to six weeks before): for every line
+    // what the season until the next buy is expected to sell, less what is on the shelf.
+    // Goods due after the chain's last day stand as open orders.
+    void seasonBuy(Tables& t, Store& store, const QDate& day, const QDate& nextBuy) {
+        const int modelYear = modelYearOf(day.addDays(20));
+        const QDate orderDay = day.addDays(-m_rng.between(20, 40));
+        if (orderDay > m_today) {
+            return;
+        }
+        if (day <= m_today) {
+            m_newestYear = std::max(m_newestYear, modelYear);
+        }
+        for (const auto& [school, k] : storeLines(store)) {
+            std::array<double, 24> fresh{};
+            std::array<double, 24> older{};
+            const QDate until = nextBuy.addDays(-1);
+            expectLine(fresh, store, school, k, modelYear, day, until);
+            for (int y = modelYear - 2; y < modelYear; ++y) {
+                expectLine(older, store, school, k, y, day, until);
+            }
+            std::array<int, 24> olderOnHand{};
+            for (int y = modelYear - 2; y < modelYear; ++y) {
+                const auto found = m_lineIndex.find({school, k, y});
+                if (found != m_lineIndex.end()) {
+                    const auto& held = m_lines[size_t(found->second)].onHand;
+                    for (std::size_t p = 0; p < 24; ++p) {
+                        olderOnHand[p] += held[p];
+                    }
+                }
+            }
+            const int index = stockLine(store, school, k, modelYear);
+            std::array<int, 24> q{};
+            int total = 0;
+            for (std::size_t p = 0; p < 24; ++p) {
+                const int spill = std::max(0, toBuy(older[p]) - std::max(0, olderOnHand[p]));
+                q[p] = std::max(0, toBuy(fresh[p]) + spill - m_lines[size_t(index)].onHand[p]);
+                total += q[p];
+            }
+            if (total == 0) {
+                continue;
+            }
+            const StockLine& line = m_lines[size_t(index)];
+            // Now and then a remainder comes later or never.
+            const int state = m_rng.below(20);
+            std::array<int, 24> now = q;
+            if (state < 3) {
+                for (int& v : now) {
+                    v -= v / 3;
+                }
+            }
+            const bool arrives = day <= m_today;
+            const char* finish = !arrives || state >= 3 ? "A" : state < 2 ? "I" : "E";
+            const int seq = writeOrder(t, store, line, orderDay, q, finish);
+            if (!arrives) {
+                continue;
+            }
+            writeReceipt(t, store, line, day, now, orderDay, seq);
+            addTo(m_lines[size_t(index)], now);
+            if (state < 2) {
+                // The remainder follows within two weeks, unless that is still to come.
+                const QDate later = day.addDays(m_rng.between(5, 14));
+                std::array<int, 24> rest{};
+                for (std::size_t p = 0; p < 24; ++p) {
+                    rest[p] = q[p] - now[p];
+                }
+                if (later <= m_today) {
+                    m_pending.push_back(Pending{later, index, rest, orderDay, seq});
+                }
+            }
+        }
+    }
+
+    struct Pending {
+        QDate day;
+        int line;
+        std::array<int, 24> q;
+        QDate orderDay;
+        int orderSeq;
+    };
+
+    // Remainders of earlier orders booked in on their day.
+    void bookPending(Tables& t, Store& store, const QDate& day) {
+        for (auto it = m_pending.begin(); it != m_pending.end();) {
+            if (it->day > day) {
+                ++it;
+                continue;
+            }
+            StockLine& line = m_lines[size_t(it->line)];
+            writeReceipt(t, store, line, it->day, it->q, it->orderDay, it->orderSeq);
+            addTo(line, it->q);
+            it = m_pending.erase(it);
+        }
+    }
+
+    // The line and size position a sold piece is taken from, as the stock report sees it. A
+    // common item counts where the report gathers it; where the report cannot see the sale (the
+    // greatest school offering the item is not served here, or has no such label), the piece
+    // still leaves the store's one pile of the item.
+    std::pair<int, int> soldFrom(const Store& store, int schoolIndex, int k, int year, int pos) {
+        const Item& item = m_items[size_t(k)];
+        if (!item.common()) {
+            return {stockLine(store, schoolIndex, k, year), pos};
+        }
+        const int line = stockLine(store, -1, k, year);
+        const int greatest = m_commonSchool[size_t(k)];
+        if (m_lines[size_t(line)].school != greatest) {
+            return {line, pos};
+        }
+        const SizeModel& model = m_sizes[size_t(store.brand)];
+        const auto& sold = model.labels(m_schools[size_t(schoolIndex)].level, item.sizetab, year);
+        const auto& shown = model.labels(m_schools[size_t(greatest)].level, item.sizetab, year);
+        const auto at = std::find(shown.begin(), shown.end(), sold[size_t(pos)]);
+        return {line, at == shown.end() ? pos : int(at - shown.begin())};
+    }
+
+    // Takes `cnt` pieces at size position `pos` of a sold line off the shelf and returns the
+    // model year they come from: the one asked for, a newer one when that has run out, or the
+    // newest, reordered in time (or, in the last week, awaited from an open order).
+    int takeStock(Tables& t, Store& store, int schoolIndex, int k, int asked, int pos, int cnt,
+                  const QDate& day) {
+        const SizeModel& model = m_sizes[size_t(store.brand)];
+        const Item& item = m_items[size_t(k)];
+        const char level = m_schools[size_t(schoolIndex)].level;
+        for (int y = asked; y <= m_newestYear; ++y) {
+            if (int(model.labels(level, item.sizetab, y).size()) <= pos) {
+                continue;
+            }
+            const auto [index, at] = soldFrom(store, schoolIndex, k, y, pos);
+            if (m_lines[size_t(index)].onHand[size_t(at)] >= cnt) {
+                m_lines[size_t(index)].onHand[size_t(at)] -= cnt;
+                return y;
+            }
+        }
+        const int y = std::max(asked, m_newestYear);
+        const auto [index, at] = soldFrom(store, schoolIndex, k, y, pos);
+        StockLine& line = m_lines[size_t(index)];
+        std::array<double, 24> expected{};
+        for (int old = y - 2; old <= y; ++old) {
+            expectLine(expected, store, item.common() ? -1 : schoolIndex, k, old, day,
+                       day.addDays(90));
+        }
+        std::array<int, 24> q{};
+        for (int p = 0; p < line.labels && p < 24; ++p) {
+            q[size_t(p)] = std::max(0, toBuy(expected[size_t(p)]) - line.onHand[size_t(p)]);
+        }
+        q[size_t(at)] = std::max(q[size_t(at)], cnt - line.onHand[size_t(at)]);
+        const bool lastWeek = day.daysTo(m_today) < 7;
+        if (line.awaited || (lastWeek && line.stocked && m_rng.percent(40))) {
+            if (!line.awaited) {
+                writeOrder(t, store, line, day.addDays(-m_rng.between(0, 2)), q, "A");
+                line.awaited = true;
+            }
+        } else {
+            QDate arrived = day.addDays(-m_rng.between(1, 6));
+            arrived = std::max(arrived, m_first);
+            const QDate ordered = arrived.addDays(-m_rng.between(4, 10));
+            const int seq = writeOrder(t, store, line, ordered, q, "A");
+            writeReceipt(t, store, line, arrived, q, ordered, seq);
+            addTo(line, q);
+        }
+        line.onHand[size_t(at)] -= cnt;
+        return y;
+    }
+
+    // A line of the store's books, from a random one on, that fits and has a size holding at
+    // least `least` pieces; and that size.
+    template <typename Fits> std::pair<int, int> lineWithStock(int least, Fits fits) {
+        if (m_lines.empty()) {
+            return {-1, -1};
+        }
+        const int start = m_rng.below(int(m_lines.size()));
+        for (int n = 0; n < int(m_lines.size()); ++n) {
+            const int index = (start + n) % int(m_lines.size());
+            const StockLine& line = m_lines[size_t(index)];
+            int best = 0;
+            for (int p = 1; p < line.labels && p < 24; ++p) {
+                if (line.onHand[size_t(p)] > line.onHand[size_t(best)]) {
+                    best = p;
+                }
+            }
+            if (line.onHand[size_t(best)] >= least && fits(line)) {
+                return {index, best};
+            }
+        }
+        return {-1, -1};
+    }
+
+    // Stores of the same brand that could take a line's goods, with the school they would
+    // book them under: the same school, or for a common item one with the same size range.
+    const std::vector<std::pair<int, int>>& receiversOf(int si, const StockLine& line) {
+        const Item& item = m_items[size_t(line.item)];
+        const std::pair<int, int> family{item.common() ? -1 : line.school, line.item};
+        auto found = m_receivers.find(family);
+        if (found != m_receivers.end()) {
+            return found->second;
+        }
+        std::vector<std::pair<int, int>> receivers; // store, school
+        const char teen = m_schools[size_t(line.school)].level == '3' ? 'L' : 'H';
+        for (int other = 0; other < int(m_stores.size()); ++other) {
+            const Store& o = m_stores[size_t(other)];
+            if (other == si || o.brand != m_stores[size_t(si)].brand) {
+                continue;
+            }
+            for (int s : o.schools) {
+                const School& school = m_schools[size_t(s)];
+                const bool same = item.common()
+                                      ? std::find(school.items.begin(), school.items.end(),
+                                                  line.item) != school.items.end() &&
+                                            (school.level == '3' ? 'L' : 'H') == teen
+                                      : s == line.school;
+                if (same) {
+                    receivers.emplace_back(other, s);
+                    break;
+                }
+            }
+        }
+        return m_receivers.emplace(family, std::move(receivers)).first->second;
+    }
+
+    // Now and then a transfer of spare goods to a store of the same brand serving the same
+    // pupils, booked in there on the same day. Older goods stay: a receipt of them would count
+    // the receiver's opening stock again.
+    void transfer(Tables& t, Store& store, int si, const QDate& day) {
+        const auto [index, pos] = lineWithStock(3, [&](const StockLine& line) {
+            return line.year >= m_firstBought && !receiversOf(si, line).empty();
+        });
+        if (index < 0) {
+            return;
+        }
+        StockLine& line = m_lines[size_t(index)];
+        const Item& item = m_items[size_t(line.item)];
+        const auto& receivers = receiversOf(si, line);
+        const auto [to, toSchool] = receivers[size_t(m_rng.below(int(receivers.size())))];
+        Store& receiver = m_stores[size_t(to)];
+        std::array<int, 24> moved{};
+        moved[size_t(pos)] = m_rng.between(1, std::min(3, line.onHand[size_t(pos)] - 2));
+        line.onHand[size_t(pos)] -= moved[size_t(pos)];
+        const string dd = ymd(day);
+        const string at = stamp(day, 16);
+        DemoRow r;
+        stockRowHead(r, store, dd, nextSeq(store.outboundSeq, dd), line);
+        sizes(r, moved);
+        r.t(receiver.code)
+            .t("M")
+            .t(receiver.full)
+            .t(receiver.address)
+            .t(receiver.tel)
+            .t(at)
+            .t("store" + store.code)
+            .t(at)
+            .t("store" + store.code);
+        t.out.add(r);
+        StockLine there = line;
+        there.school = toSchool;
+        stockRowHead(r, receiver, dd, nextSeq(receiver.inboundSeq, dd), there);
+        r.t(string(1, item.sizetab));
+        sizes(r, moved);
+        r.t("")
+            .n(0)
+            .t(store.code)
+            .t("B")
+            .t(at)
+            .t("store" + receiver.code)
+            .t(at)
+            .t("store" + receiver.code);
+        t.in.add(r);
+    }
+
+    // A stock count: a piece or two missing (out) or found (a negative correction), or goods
+    // found and registered.
+    void countStock(Tables& t, Store& store, const QDate& day) {
+        const auto [index, pos] = lineWithStock(1, [](const StockLine&) { return true; });
+        if (index < 0) {
+            return;
+        }
+        StockLine& line = m_lines[size_t(index)];
+        const string dd = ymd(day);
+        std::array<int, 24> fix{};
+        DemoRow r;
+        if (m_rng.percent(80) || line.opening) {
+            fix[size_t(pos)] = m_rng.percent(50)
+                                   ? std::min(line.onHand[size_t(pos)], m_rng.between(1, 2))
+                                   : -m_rng.between(1, 2);
+            line.onHand[size_t(pos)] -= fix[size_t(pos)];
+            const string at = stamp(day, 18);
+            stockRowHead(r, store, dd, nextSeq(store.outboundSeq, dd), line);
+            sizes(r, fix);
+            r.t("").t("D").t("").t("").t("").t(at).t(kDemoUserId).t(at).t(kDemoUserId);
+            t.out.add(r);
+            return;
+        }
+        fix[size_t(pos)] = m_rng.between(1, 3);
+        line.onHand[size_t(pos)] += fix[size_t(pos)];
+        const string at = stamp(day, 17);
+        stockRowHead(r, store, dd, nextSeq(store.inboundSeq, dd), line);
+        r.null();
+        sizes(r, fix);
+        r.t("").null().t("").t("D").t(at).t(kDemoUserId).t(at).t(kDemoUserId);
+        t.in.add(r);
+    }
+
+    // The chain's last thirteen months, store by store and day by day: the stock documents and
+    // the tills' slips (heads, lines, payments, receivables, returns, reservations, repairs and
+    // deliveries) in the order they happened.
+    void history() {
         DemoTable base(
             m_db, "T_BASSTOCKQTY",
             ("COMPANY, STORECD, SCHOOLCD, UNIFORMCD, YYYY, SIZETAB, SUDIVIDE" + sizeColumns("C"))
@@ -808,177 +1380,6 @@ private:
                        ", INBOUNDSTORE, OUTBOUNDGB, INSTOREFULLNAME, INSTOREADDRES, INSTORETEL, "
                        "REGDT, REGUSER, UPDDT, UPDUSER")
                           .c_str());
-        DemoRow r;
-        for (int si = 0; si < int(m_stores.size()); ++si) {
-            Store& store = m_stores[size_t(si)];
-            const SizeModel& model = m_sizes[size_t(store.brand)];
-            const string supplier = string(kBrands[store.brand].full) + " 물류센터";
-            for (int schoolIndex : store.schools) {
-                const School& school = m_schools[size_t(schoolIndex)];
-                for (int k : school.items) {
-                    const Item& item = m_items[size_t(k)];
-                    if (!item.inUse) {
-                        continue;
-                    }
-                    const string sudivide = item.divide == "G" ? "2" : "1";
-                    const int previous = m_year - 1;
-                    const auto& oldLabels = model.labels(school.level, item.sizetab, previous);
-                    const auto& newLabels = model.labels(school.level, item.sizetab, m_year);
-                    // Opening stock of last year's goods.
-                    if (!item.common() || schoolIndex == store.schools.front()) {
-                        r.t(kCompany)
-                            .t(store.code)
-                            .t(school.code)
-                            .t(item.code())
-                            .t(year(previous))
-                            .t(string(1, item.sizetab))
-                            .t(sudivide);
-                        sizes(r, quantities(int(oldLabels.size()), 0, 8));
-                        base.add(r);
-                    }
-                    if (item.submain != '1' || !m_rng.percent(55)) {
-                        continue;
-                    }
-                    // An order of this year's goods, mostly received.
-                    const QDate orderDay = m_today.addDays(-m_rng.between(20, 150));
-                    const string od = ymd(orderDay);
-                    const int seq = nextSeq(store.orderSeq, od);
-                    const auto ordered = quantities(int(newLabels.size()), 4, 14);
-                    const int state = m_rng.below(10);
-                    const char* finish = state < 6 ? "A" : state < 8 ? "I" : "E";
-                    const string when = stamp(orderDay, 11);
-                    r.t(kCompany)
-                        .t(store.code)
-                        .t(od)
-                        .n(seq)
-                        .t(school.code)
-                        .t(sudivide)
-                        .t(item.code())
-                        .t(year(m_year))
-                        .t(string(1, item.sizetab));
-                    sizes(r, ordered);
-                    r.t(finish)
-                        .t(supplier)
-                        .t(when)
-                        .t("store" + store.code)
-                        .t(when)
-                        .t("store" + store.code);
-                    order.add(r);
-                    const int receipts = state < 2 ? 0 : 1 + (state % 3 == 0 ? 1 : 0);
-                    for (int n = 0; n < receipts; ++n) {
-                        const QDate day = orderDay.addDays(m_rng.between(5, 18) * (n + 1));
-                        if (day > m_today) {
-                            break;
-                        }
-                        const string dd = ymd(day);
-                        std::array<int, 24> got{};
-                        for (std::size_t p = 0; p < 24; ++p) {
-                            got[p] = receipts == 1
-                                         ? ordered[p] - (m_rng.percent(20) ? 1 : 0)
-                                         : (n == 0 ? ordered[p] / 2 : ordered[p] - ordered[p] / 2);
-                            got[p] = std::max(0, got[p]);
-                        }
-                        const string at = stamp(day, 15);
-                        r.t(kCompany)
-                            .t(store.code)
-                            .t(dd)
-                            .n(nextSeq(store.inboundSeq, dd))
-                            .t(school.code)
-                            .t(sudivide)
-                            .t(item.code())
-                            .t(year(m_year))
-                            .t(string(1, item.sizetab));
-                        sizes(r, got);
-                        r.t(od)
-                            .n(seq)
-                            .t(supplier)
-                            .t("A")
-                            .t(at)
-                            .t("store" + store.code)
-                            .t(at)
-                            .t("store" + store.code);
-                        in.add(r);
-                    }
-                    // Now and then a transfer to another store and a correction.
-                    if (m_rng.percent(12) && m_stores.size() > 1) {
-                        const int to =
-                            (si + 1 + m_rng.below(int(m_stores.size()) - 1)) % int(m_stores.size());
-                        const Store& receiver = m_stores[size_t(to)];
-                        const QDate day = m_today.addDays(-m_rng.between(1, 15));
-                        const string dd = ymd(day);
-                        std::array<int, 24> moved{};
-                        moved[size_t(middlePick(int(oldLabels.size())))] = m_rng.between(1, 3);
-                        const string at = stamp(day, 16);
-                        r.t(kCompany)
-                            .t(store.code)
-                            .t(dd)
-                            .n(nextSeq(store.outboundSeq, dd))
-                            .t(school.code)
-                            .t(sudivide)
-                            .t(item.code())
-                            .t(year(previous));
-                        sizes(r, moved);
-                        r.t(receiver.code)
-                            .t(receiver.brand == store.brand ? "M" : "T")
-                            .t(receiver.full)
-                            .t(receiver.address)
-                            .t(receiver.tel)
-                            .t(at)
-                            .t("store" + store.code)
-                            .t(at)
-                            .t("store" + store.code);
-                        out.add(r);
-                    }
-                    if (m_rng.percent(6)) {
-                        const QDate day = m_today.addDays(-m_rng.between(1, 40));
-                        const string dd = ymd(day);
-                        std::array<int, 24> fix{};
-                        fix[size_t(middlePick(int(oldLabels.size())))] =
-                            m_rng.percent(50) ? -m_rng.between(1, 2) : m_rng.between(1, 2);
-                        const string at = stamp(day, 18);
-                        r.t(kCompany)
-                            .t(store.code)
-                            .t(dd)
-                            .n(nextSeq(store.outboundSeq, dd))
-                            .t(school.code)
-                            .t(sudivide)
-                            .t(item.code())
-                            .t(year(previous));
-                        sizes(r, fix);
-                        r.t("").t("D").t("").t("").t("").t(at).t(kDemoUserId).t(at).t(kDemoUserId);
-                        out.add(r);
-                    }
-                    if (m_rng.percent(4)) {
-                        const QDate day = m_today.addDays(-m_rng.between(1, 60));
-                        const string dd = ymd(day);
-                        std::array<int, 24> found{};
-                        found[size_t(middlePick(int(oldLabels.size())))] = m_rng.between(1, 3);
-                        const string at = stamp(day, 17);
-                        r.t(kCompany)
-                            .t(store.code)
-                            .t(dd)
-                            .n(nextSeq(store.inboundSeq, dd))
-                            .t(school.code)
-                            .t(sudivide)
-                            .t(item.code())
-                            .t(year(previous))
-                            .null();
-                        sizes(r, found);
-                        r.t("").null().t("").t("D").t(at).t(kDemoUserId).t(at).t(kDemoUserId);
-                        in.add(r);
-                    }
-                }
-            }
-        }
-        base.flush();
-        order.flush();
-        in.flush();
-        out.flush();
-    }
-
-    // The tills' slips: heads, lines, payments, receivables, returns, reservations, repairs
-    // and deliveries, day by day for every store over the last thirteen months.
-    void slips() {
         DemoTable head(m_db, "S_ORDERHEAD",
                        "COMPANY, STORECD, SCHOOLCD, ORDDT, ORDSEQ, BILLNO, STATNM, HANDDT, "
                        "CANCELDT, SCHDIV, SCHLEV, YYYY, SCHBAN, SCHBUN, CUSTNAME, CUSTTEL, "
@@ -1005,44 +1406,85 @@ private:
         DemoTable delivery(
             m_db, "S_DELIVERY",
             "COMPANY, STORECD, ORDDT, ORDSEQ, DELIVERYAMT, DELIVERYADDR, DELIVERYMEMO");
-        Tables t{head, line, ret, adjust, credit, repair, piece, delivery};
+        Tables t{head, line, ret, adjust, credit, repair, piece, delivery, base, order, in, out};
 
         // Day weights: the new school year (February, March) and the change to summer wear
         // (May, June) are the busy months.
-        const QDate first = m_today.addDays(-395);
         std::vector<int> weights;
         int weightSum = 0;
-        for (QDate d = first; d <= m_today; d = d.addDays(1)) {
+        for (QDate d = m_first; d <= m_today; d = d.addDays(1)) {
             static const int byMonth[] = {2, 9, 6, 2, 4, 3, 1, 2, 1, 1, 1, 2};
             const int w = d.dayOfWeek() == 7 ? 0 : byMonth[d.month() - 1];
             weights.push_back(w);
             weightSum += w;
+            m_dayModelYear.push_back(modelYearOf(d));
+            m_daySummer.push_back(summerDay(d));
         }
-        // About 1,600 slips of 3.5 lines each per scale step.
+        // About 1,600 slips of 3.5 lines each per scale step, the same days busy in every store.
         const long long slipsWanted = 1600LL * m_scale;
         const double perStoreWeight =
             double(slipsWanted) / double(m_stores.size()) / double(weightSum);
-        for (Store& store : m_stores) {
-            double carry = 0.0;
-            int dayIndex = 0;
-            for (QDate d = first; d <= m_today; d = d.addDays(1), ++dayIndex) {
-                carry += perStoreWeight * weights[size_t(dayIndex)];
-                const int today = int(carry);
-                carry -= today;
-                for (int n = 1; n <= today; ++n) {
-                    slip(t, store, d, n);
-                }
+        double carry = 0.0;
+        for (int w : weights) {
+            carry += perStoreWeight * w;
+            m_slipsPerDay.push_back(int(carry));
+            carry -= m_slipsPerDay.back();
+        }
+        // The greatest school offering each common item: the report keeps its stock there.
+        m_commonSchool.assign(m_items.size(), -1);
+        for (int s = 0; s < int(m_schools.size()); ++s) {
+            for (int k : m_schools[size_t(s)].items) {
+                m_commonSchool[size_t(k)] = s;
             }
         }
-        for (DemoTable* table :
-             {&head, &line, &ret, &adjust, &credit, &repair, &piece, &delivery}) {
+        const std::vector<QDate> buys = buyingDays();
+        for (int si = 0; si < int(m_stores.size()); ++si) {
+            Store& store = m_stores[size_t(si)];
+            m_lines.clear();
+            m_lineIndex.clear();
+            m_pending.clear();
+            m_receivers.clear();
+            m_newestYear = 0;
+            // The books start with the last buy before the first slip.
+            std::size_t next = 0;
+            while (next + 1 < buys.size() && buys[next + 1] <= m_first) {
+                ++next;
+            }
+            m_firstBought = modelYearOf(buys[next].addDays(20));
+            openingStock(t, store, m_firstBought);
+            const auto buy = [&] {
+                const QDate after =
+                    next + 1 < buys.size() ? buys[next + 1] : buys[next].addMonths(6);
+                seasonBuy(t, store, buys[next], after);
+                ++next;
+            };
+            buy();
+            int dayIndex = 0;
+            for (QDate d = m_first; d <= m_today; d = d.addDays(1), ++dayIndex) {
+                while (next < buys.size() && buys[next] <= d) {
+                    buy();
+                }
+                bookPending(t, store, d);
+                for (int n = 1; n <= m_slipsPerDay[size_t(dayIndex)]; ++n) {
+                    slip(t, store, d, n);
+                }
+                if (m_rng.percent(2)) {
+                    transfer(t, store, si, d);
+                }
+                if (m_rng.percent(2)) {
+                    countStock(t, store, d);
+                }
+            }
+            // The next season's goods, ordered and not yet here.
+            if (next < buys.size()) {
+                buy();
+            }
+        }
+        for (DemoTable* table : {&head, &line, &ret, &adjust, &credit, &repair, &piece, &delivery,
+                                 &base, &order, &in, &out}) {
             table->flush();
         }
     }
-
-    struct Tables {
-        DemoTable &head, &line, &ret, &adjust, &credit, &repair, &piece, &delivery;
-    };
 
     string appTime(const QDate& d, int minutes) {
         char buf[32];
@@ -1133,14 +1575,20 @@ private:
                 n <= int(choices.size()) && student ? n - 1 : m_rng.below(int(choices.size())))];
             const Item& item = m_items[size_t(k)];
             // Mostly this model year's goods, some of last year's.
-            const int y = m_rng.percent(80) ? modelYear : modelYear - 1;
-            const auto& labels = model.labels(school.level, item.sizetab, y);
-            if (labels.empty()) {
+            int y = m_rng.percent(80) ? modelYear : modelYear - 1;
+            const auto& asked = model.labels(school.level, item.sizetab, y);
+            if (asked.empty()) {
                 continue;
             }
             const bool aftercare = m_rng.percent(1);
-            const string size = aftercare ? "A/S" : labels[size_t(middlePick(int(labels.size())))];
+            const int pos = aftercare ? -1 : middlePick(int(asked.size()));
             const int cnt = aftercare ? 1 : (m_rng.percent(12) ? 2 : 1);
+            // What the till sells leaves the shelf; a held or cancelled slip leaves it alone.
+            if (!aftercare && completed && !cancelled) {
+                y = takeStock(t, store, schoolIndex, k, y, pos, cnt, day);
+            }
+            const auto& labels = model.labels(school.level, item.sizetab, y);
+            const string size = aftercare ? "A/S" : labels[size_t(pos)];
             const long long amt = aftercare ? 0 : (long long)priceOf(item, store.brand, y) * cnt;
             const string yearDigit = year(y).substr(3, 1);
             const string pkey = item.padded() + yearDigit + item.season + twoDigits(n);
@@ -1453,6 +1901,20 @@ private:
     std::vector<School> m_schools;
     std::vector<Contract> m_contracts;
     std::vector<Student> m_students;
+    // The days of the history: first day, slips a store writes, model year and season.
+    QDate m_first;
+    std::vector<int> m_slipsPerDay;
+    std::vector<int> m_dayModelYear;
+    std::vector<bool> m_daySummer;
+    std::vector<int> m_commonSchool;
+    std::map<int, std::vector<double>> m_sizeShare;
+    // One store's books while its history is written.
+    std::vector<StockLine> m_lines;
+    std::map<std::array<int, 3>, int> m_lineIndex;
+    std::vector<Pending> m_pending;
+    std::map<std::pair<int, int>, std::vector<std::pair<int, int>>> m_receivers;
+    int m_newestYear = 0;  // the newest model year on the shelf
+    int m_firstBought = 0; // the model year of the first buy; older goods are opening stock
 };
 
 } // namespace
