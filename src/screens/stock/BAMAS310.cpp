@@ -59,7 +59,7 @@ const GridColumns& entryColumns() {
             {QString(), u"SUDIVIDE"_s, CellType::Static, 0},
             {QString(), u"학교 [성]"_s, CellType::Static, 14},
             {QString(), u"UNIFORMCD"_s, CellType::Static, 0},
-            {QString(), u"복종"_s, CellType::Static, 16},
+            {QString(), u"복종"_s, CellType::Static, 20},
             {QString(), u"연도"_s, CellType::Static, 5, Align::Centre},
             {QString(), u"합계"_s, CellType::Static, 6, Align::Right},
         };

@@ -69,7 +69,7 @@ const GridColumns& statusColumns() {
         std::vector<GridColumn> c{
             {QString(), statusLeading()[0], CellType::Static, 10, Align::Centre},
             {QString(), statusLeading()[1], CellType::Static, 14},
-            {QString(), statusLeading()[2], CellType::Static, 16},
+            {QString(), statusLeading()[2], CellType::Static, 20},
             {QString(), statusLeading()[3], CellType::Static, 0},
             {QString(), statusLeading()[4], CellType::Static, 0},
             {QString(), statusLeading()[5], CellType::Static, 4, Align::Centre},
@@ -79,7 +79,7 @@ const GridColumns& statusColumns() {
         for (int n = 1; n <= kSizePositions; ++n) {
             c.push_back({QString(), QString(), CellType::Static, 4, Align::Right});
         }
-        c.push_back({QString(), statusTrailing()[0], CellType::Static, 14});
+        c.push_back({QString(), statusTrailing()[0], CellType::Static, 20});
         c.push_back({QString(), statusTrailing()[1], CellType::Check, 3, Align::Centre});
         c.push_back({QString(), statusTrailing()[2], CellType::Static, 0});
         return GridColumns(std::move(c));

@@ -62,7 +62,7 @@ const GridColumns& entryColumns() {
     static const GridColumns table = [] {
         std::vector<GridColumn> c{
             {QString(), u"학교 [성]"_s, CellType::Static, 14},
-            {QString(), u"복종"_s, CellType::Static, 16},
+            {QString(), u"복종"_s, CellType::Static, 20},
             {QString(), u"연도"_s, CellType::Static, 5, Align::Centre},
             {QString(), u"발주일"_s, CellType::Static, 9, Align::Centre},
             {QString(), u"구분"_s, CellType::Static, 6, Align::Centre},
@@ -418,18 +418,27 @@ QString BAMAS315::unorderedLinesSql() const {
 }
 
 // The size labels of the school's items in the year (the chosen item's, when one is chosen)
-// head the size columns.
+// head the size columns: those of the last row read. Lines that all share one size table read
+// only that table's labels, so that the heading is theirs.
 void BAMAS315::writeEntryHeading() {
     const QString like =
         cboUniform->currentIndex() > 0 ? gfComboCode(cboUniform, m_uniform) + u"%"_s : u"%"_s;
+    QStringList tables;
+    for (int line = 0; line < lines().lineCount(); ++line) {
+        const QString table = lines().common(line, EntSizeTab);
+        if (!tables.contains(table)) {
+            tables << table;
+        }
+    }
     RecordSet rs;
-    if (!gfbSqlSelectDB(u" SELECT DISTINCT "_s + eachSize(u"SS.C%1"_s) +
-                            u" FROM VIW_SCHUNIFOMSIZE SS WHERE SS.COMPANY = "_s + company() +
-                            u" AND SS.STORECD = "_s + quoted(gfComboCode(cboStore, m_store)) +
-                            u" AND SS.BSYYYY = "_s + quoted(entryYear(cboYY)) +
-                            u" AND SS.SCHOOLCD = "_s + quoted(m_school) + u" AND SS.CD LIKE "_s +
-                            quoted(like),
-                        rs)) {
+    if (!gfbSqlSelectDB(
+            u" SELECT DISTINCT "_s + eachSize(u"SS.C%1"_s) +
+                u" FROM VIW_SCHUNIFOMSIZE SS WHERE SS.COMPANY = "_s + company() +
+                u" AND SS.STORECD = "_s + quoted(gfComboCode(cboStore, m_store)) +
+                u" AND SS.BSYYYY = "_s + quoted(entryYear(cboYY)) + u" AND SS.SCHOOLCD = "_s +
+                quoted(m_school) + u" AND SS.CD LIKE "_s + quoted(like) +
+                (tables.size() == 1 ? u" AND SS.SIZETAB = "_s + quoted(tables.first()) : QString()),
+            rs)) {
         return;
     }
     for (int p = 1; p <= kSizePositions; ++p) {
@@ -454,7 +463,6 @@ void BAMAS315::loadEntryGrid() {
             return;
         }
         SP3->setRedraw(false);
-        writeEntryHeading();
         m_ordered->clear();
         m_unordered->clear();
         LineGrid& g = lines();
@@ -486,6 +494,7 @@ void BAMAS315::loadEntryGrid() {
                 }
             }
         }
+        writeEntryHeading();
         recomputeEntry();
         SP3->setRedraw(true);
     });

@@ -78,11 +78,12 @@ const QStringList kOpenTrailing{u"ORDERSEQ"_s};
 // heading, codes hidden, the tick box a check cell.
 GridColumns listColumns(const QStringList& leading, const QStringList& trailing) {
     const auto width = [](const QString& h) -> double {
-        if (h == u"학교 [성]"_s || h == u"발주처"_s || h == u"출고처"_s || h == u"입고처"_s) {
+        if (h == u"학교 [성]"_s) {
             return 14;
         }
-        if (h == u"복종"_s) {
-            return 16;
+        // Wide enough for the longest item and supplier names.
+        if (h == u"복종"_s || h == u"발주처"_s || h == u"출고처"_s || h == u"입고처"_s) {
+            return 20;
         }
         if (h == u"입고일"_s || h == u"발주일"_s) {
             return 10;
