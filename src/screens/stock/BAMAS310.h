@@ -35,6 +35,8 @@ public:
     void cmdViewSale_Click();
     void cmdDelete_Click() override;
     void cmdExcel_Click();
+    // The order list prints, as it exports.
+    ReportGrid reportGrid() const override;
     void cmdUniType_Click();
 
     // The statements, for the tests of their server spelling.

@@ -345,17 +345,22 @@ void BAMAS310::cmdDelete_Click() {
 }
 
 void BAMAS310::cmdExcel_Click() {
+    const ReportGrid report = reportGrid();
+    gsExcelExport(report.title, report.lastCol, report.grid, report.subTitle);
+}
+
+Screen::ReportGrid BAMAS310::reportGrid() const {
     const QString season = optSeason0[2]->isChecked() ? u"   시즌 : 동복"_s : u"   시즌 : 하복"_s;
     const QString sex = optSchDivi[4]->isChecked()   ? u"   성별 : 남자"_s
                         : optSchDivi[5]->isChecked() ? u"   성별 : 여자"_s
                                                      : u"   성별 : 전체"_s;
     const int index = cboStore[1]->currentIndex();
-    gsExcelExport(u"발주현황"_s, StaCount, SP21,
-                  u"매장 : "_s + cboStore[1]->currentText() + u"   브랜드 : "_s +
-                      m_store[1].name(index) + u"   학교 : "_s + Label2[0]->text() +
-                      u"   연도 : "_s + cboYY[1]->currentText() + season + sex +
-                      u"   조회기간 : "_s + dtpStart[1]->date().toString(u"yyyy-MM-dd"_s) +
-                      u" ~ "_s + dtpEnd->date().toString(u"yyyy-MM-dd"_s));
+    return {SP21, u"발주현황"_s,
+            u"매장 : "_s + cboStore[1]->currentText() + u"   브랜드 : "_s + m_store[1].name(index) +
+                u"   학교 : "_s + Label2[0]->text() + u"   연도 : "_s + cboYY[1]->currentText() +
+                season + sex + u"   조회기간 : "_s + dtpStart[1]->date().toString(u"yyyy-MM-dd"_s) +
+                u" ~ "_s + dtpEnd->date().toString(u"yyyy-MM-dd"_s),
+            StaCount};
 }
 
 void BAMAS310::m_clear() {

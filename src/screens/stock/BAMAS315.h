@@ -35,6 +35,8 @@ public:
     void cmdViewSale_Click();
     void cmdViewSal2_Click();
     void cmdDelete_Click() override;
+    // The list tabs print: the list of the tab in view.
+    ReportGrid reportGrid() const override;
 
     // The statements, for the tests of their server spelling.
     QString orderedLinesSql() const;
@@ -80,6 +82,7 @@ private:
     void pickItems(ListTab& t, int first, int run, int exit);
     QString listWhere(const ListTab& t, const QString& alias, const QString& yearColumn,
                       const QString& dateColumn) const;
+    ReportGrid listReport(int k) const;
     void runList(ListTab& t, const QString& sql, const QStringList& leading,
                  const QStringList& trailing);
 

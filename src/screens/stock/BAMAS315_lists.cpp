@@ -231,18 +231,8 @@ QWidget* BAMAS315::buildListTab(int k) {
     connect(t.cmdUniType, &QPushButton::clicked, this,
             [this, k] { pickItems(m_list[k], k == 1 ? 1 : 21, k == 1 ? 2 : 4, k == 1 ? 2 : 4); });
     connect(excel, &QPushButton::clicked, this, [this, k] {
-        const ListTab& l = m_list[k];
-        const QString season = l.optSeason0[1]->isChecked() ? u"시즌 : 동복"_s : u"시즌 : 하복"_s;
-        const QString sex = l.optSchDivi[2]->isChecked()   ? u"   성별 : 남자"_s
-                            : l.optSchDivi[1]->isChecked() ? u"   성별 : 여자"_s
-                                                           : QString();
-        gsExcelExport(k == 1 ? u"입고현황"_s : u"미입고현황"_s,
-                      k == 1 ? int(RecCount) : int(OpnCount), l.grid,
-                      u"매장 : "_s + l.cboStore->currentText() + u"   브랜드 : "_s +
-                          l.stores.name(l.cboStore->currentIndex()) + u"   연도 : "_s +
-                          l.cboYY->currentText() + u"   "_s + season + sex + u"   조회기간 : "_s +
-                          l.dtpStart->date().toString(u"yyyy-MM-dd"_s) + u" ~ "_s +
-                          l.dtpEnd->date().toString(u"yyyy-MM-dd"_s));
+        const ReportGrid report = listReport(k);
+        gsExcelExport(report.title, report.lastCol, report.grid, report.subTitle);
     });
     return tab;
 }
@@ -442,4 +432,24 @@ void BAMAS315::cmdDelete_Click() {
         }
     });
     cmdViewSale_Click();
+}
+
+Screen::ReportGrid BAMAS315::listReport(int k) const {
+    const ListTab& l = m_list[k];
+    const QString season = l.optSeason0[1]->isChecked() ? u"시즌 : 동복"_s : u"시즌 : 하복"_s;
+    const QString sex = l.optSchDivi[2]->isChecked()   ? u"   성별 : 남자"_s
+                        : l.optSchDivi[1]->isChecked() ? u"   성별 : 여자"_s
+                                                       : QString();
+    return {l.grid, k == 1 ? u"입고현황"_s : u"미입고현황"_s,
+            u"매장 : "_s + l.cboStore->currentText() + u"   브랜드 : "_s +
+                l.stores.name(l.cboStore->currentIndex()) + u"   연도 : "_s +
+                l.cboYY->currentText() + u"   "_s + season + sex + u"   조회기간 : "_s +
+                l.dtpStart->date().toString(u"yyyy-MM-dd"_s) + u" ~ "_s +
+                l.dtpEnd->date().toString(u"yyyy-MM-dd"_s),
+            k == 1 ? int(RecCount) : int(OpnCount)};
+}
+
+Screen::ReportGrid BAMAS315::reportGrid() const {
+    // The list of the tab in view; from the entry tab, the receipt list.
+    return listReport(SSTab1 && SSTab1->currentIndex() == 2 ? 2 : 1);
 }
