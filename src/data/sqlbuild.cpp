@@ -97,3 +97,7 @@ QString nextSequence(const QString& table, const QString& column, const QString&
     return u"(SELECT CASE WHEN COUNT(%1) = 0 THEN  1 ELSE MAX(%1) + 1 END FROM "_s.arg(column) +
            table + u" "_s + dialect().nolock() + scope + u")"_s;
 }
+
+QString quotedCompany() {
+    return quoted(session().gsCompany);
+}

@@ -27,6 +27,8 @@ Assignments auditOnUpdate(const QString& table);
 
 // "  WHERE COMPANY = '01'" for the session's company, and "    AND COL = 'v'" for more.
 QString whereCompany();
+// The session's company as a quoted value, for the statements that name it in another place.
+QString quotedCompany();
 QString andEquals(const QString& column, const QString& value);
 
 // The next code of `width` digits in a sub-select: the highest code plus one, zero-padded

@@ -72,18 +72,6 @@ const GridColumns& entryColumns() {
     return table;
 }
 
-QString company() {
-    return quoted(session().gsCompany);
-}
-
-QRadioButton* option(QWidget* parent, const QString& name, const QString& caption,
-                     QButtonGroup* group) {
-    auto* b = new QRadioButton(caption, parent);
-    b->setObjectName(name);
-    group->addButton(b);
-    return b;
-}
-
 } // namespace
 
 BAMAS310::BAMAS310() : Screen(u"BAMAS310"_s, u"발주관리"_s) {}
@@ -142,17 +130,17 @@ QWidget* BAMAS310::buildEntryTab() {
     auto* options = new QHBoxLayout;
     const QString sexNames[3] = {u"전체"_s, u"남"_s, u"여"_s};
     for (int i = 0; i < 3; ++i) {
-        optSchDivi[i] = option(tab, u"optSchDivi_%1"_s.arg(i), sexNames[i], sexes);
+        optSchDivi[i] = optionButton(tab, u"optSchDivi_%1"_s.arg(i), sexNames[i], sexes);
         options->addWidget(optSchDivi[i]);
     }
     options->addSpacing(16);
-    optSeason0[0] = option(tab, u"optSeason0_0"_s, u"동복"_s, seasons);
-    optSeason0[1] = option(tab, u"optSeason0_1"_s, u"하복"_s, seasons);
+    optSeason0[0] = optionButton(tab, u"optSeason0_0"_s, u"동복"_s, seasons);
+    optSeason0[1] = optionButton(tab, u"optSeason0_1"_s, u"하복"_s, seasons);
     options->addWidget(optSeason0[0]);
     options->addWidget(optSeason0[1]);
     options->addSpacing(16);
-    optSubMain0[0] = option(tab, u"optSubMain0_0"_s, u"주,부품목"_s, classes);
-    optSubMain0[1] = option(tab, u"optSubMain0_1"_s, u"별매품"_s, classes);
+    optSubMain0[0] = optionButton(tab, u"optSubMain0_0"_s, u"주,부품목"_s, classes);
+    optSubMain0[1] = optionButton(tab, u"optSubMain0_1"_s, u"별매품"_s, classes);
     options->addWidget(optSubMain0[0]);
     options->addWidget(optSubMain0[1]);
     options->addStretch(1);
@@ -264,7 +252,7 @@ QString BAMAS310::entrySql() const {
         u" YEARTEXT, SS.SIZETAB, "_s + eachSize(u"SS.C%1"_s) + u"   FROM C_UNIFORM UF "_s + nl +
         u", C_SCHOOLUNIFORM SU "_s + nl + u", C_SCHOOL CS "_s + nl +
         u", VIW_SCHUNIFOMSIZE SS, C_GONGTONG GT24 "_s + nl + u"  WHERE UF.COMPANY = "_s +
-        company() +
+        quotedCompany() +
         u"    AND SU.COMPANY = UF.COMPANY AND SU.SEASON = UF.SEASON AND SU.DIVIDE = UF.DIVIDE "
         "    AND SU.UNIFORMSEQ = UF.UNIFORMSEQ AND SU.UNIFORMCOMSEQ = UF.UNIFORMCOMSEQ "
         "    AND SU.USEYN = 'Y' AND SU.SCHOOLCD = "_s +
@@ -334,12 +322,13 @@ QString BAMAS310::orderInsertSql(int line) const {
     const QString store = gfComboCode(cboStore[0], m_store[0]);
     const QString day = ymdOf(dtpStart[0]);
     Assignments a{
-        {u"COMPANY"_s, company()},
+        {u"COMPANY"_s, quotedCompany()},
         {u"STORECD"_s, quoted(store)},
         {u"ORDERDT"_s, quoted(day)},
-        {u"ORDERSEQ"_s, nextSequence(u"T_ORDER"_s, u"ORDERSEQ"_s,
-                                     u" WHERE COMPANY = "_s + company() + u" AND STORECD = "_s +
-                                         quoted(store) + u" AND ORDERDT = "_s + quoted(day))},
+        {u"ORDERSEQ"_s,
+         nextSequence(u"T_ORDER"_s, u"ORDERSEQ"_s,
+                      u" WHERE COMPANY = "_s + quotedCompany() + u" AND STORECD = "_s +
+                          quoted(store) + u" AND ORDERDT = "_s + quoted(day))},
         {u"SCHOOLCD"_s, quoted(m_entry->common(line, EntSchoolCd))},
         {u"SUDIVIDE"_s, quoted(m_entry->common(line, EntSudivide))},
         {u"UNIFORMCD"_s, quoted(m_entry->common(line, EntUniformCd))},

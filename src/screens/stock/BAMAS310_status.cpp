@@ -87,10 +87,6 @@ const GridColumns& statusColumns() {
     return table;
 }
 
-QString company() {
-    return quoted(session().gsCompany);
-}
-
 } // namespace
 
 QWidget* BAMAS310::buildStatusTab() {
@@ -265,10 +261,10 @@ QString BAMAS310::statusSql() const {
         nl +
         u" ON GT24.L_GRP_COD = '24' AND GT24.S_GRP_COD = OD.SUDIVIDE "
         "  WHERE OD.COMPANY = "_s +
-        company() + u"    AND OD.STORECD = "_s + quoted(gfComboCode(cboStore[1], m_store[1])) +
-        u"    AND OD.ORDYYYY = "_s + quoted(entryYear(cboYY[1])) +
-        u"    AND OD.ORDERDT BETWEEN "_s + quoted(ymdOf(dtpStart[1])) + u" AND "_s +
-        quoted(ymdOf(dtpEnd));
+        quotedCompany() + u"    AND OD.STORECD = "_s +
+        quoted(gfComboCode(cboStore[1], m_store[1])) + u"    AND OD.ORDYYYY = "_s +
+        quoted(entryYear(cboYY[1])) + u"    AND OD.ORDERDT BETWEEN "_s +
+        quoted(ymdOf(dtpStart[1])) + u" AND "_s + quoted(ymdOf(dtpEnd));
     if (!m_statusSchool.isEmpty()) {
         sql += u"    AND OD.SCHOOLCD = "_s + quoted(m_statusSchool);
     }

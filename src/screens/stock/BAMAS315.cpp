@@ -81,18 +81,6 @@ const GridColumns& entryColumns() {
     return table;
 }
 
-QString company() {
-    return quoted(session().gsCompany);
-}
-
-QRadioButton* option(QWidget* parent, const QString& name, const QString& caption,
-                     QButtonGroup* group) {
-    auto* b = new QRadioButton(caption, parent);
-    b->setObjectName(name);
-    group->addButton(b);
-    return b;
-}
-
 // "240315" shown as "24-03-15"; the save reads it back with "20" in front.
 QString shortDate(const QString& ymd) {
     const QString d = ymd.trimmed().right(6);
@@ -158,16 +146,16 @@ QWidget* BAMAS315::buildEntryTab() {
     auto* seasons = new QButtonGroup(tab);
     auto* classes = new QButtonGroup(tab);
     auto* options = new QHBoxLayout;
-    optOrderGB[0] = option(tab, u"optOrderGB_0"_s, u"발주분"_s, kinds);
-    optOrderGB[1] = option(tab, u"optOrderGB_1"_s, u"미발주분"_s, kinds);
+    optOrderGB[0] = optionButton(tab, u"optOrderGB_0"_s, u"발주분"_s, kinds);
+    optOrderGB[1] = optionButton(tab, u"optOrderGB_1"_s, u"미발주분"_s, kinds);
     const QString sexNames[3] = {u"전체"_s, u"남"_s, u"여"_s};
     for (int i = 0; i < 3; ++i) {
-        optSchDivi[i] = option(tab, u"optSchDivi_%1"_s.arg(i), sexNames[i], sexes);
+        optSchDivi[i] = optionButton(tab, u"optSchDivi_%1"_s.arg(i), sexNames[i], sexes);
     }
-    optSeason0[0] = option(tab, u"optSeason0_0"_s, u"동복"_s, seasons);
-    optSeason0[1] = option(tab, u"optSeason0_1"_s, u"하복"_s, seasons);
-    optSubMain0[0] = option(tab, u"optSubMain0_0"_s, u"주,부품목"_s, classes);
-    optSubMain0[1] = option(tab, u"optSubMain0_1"_s, u"별매품"_s, classes);
+    optSeason0[0] = optionButton(tab, u"optSeason0_0"_s, u"동복"_s, seasons);
+    optSeason0[1] = optionButton(tab, u"optSeason0_1"_s, u"하복"_s, seasons);
+    optSubMain0[0] = optionButton(tab, u"optSubMain0_0"_s, u"주,부품목"_s, classes);
+    optSubMain0[1] = optionButton(tab, u"optSubMain0_1"_s, u"별매품"_s, classes);
     for (QButtonGroup* g : {kinds, sexes, seasons, classes}) {
         const auto buttons = g->buttons();
         for (QAbstractButton* b : buttons) {
@@ -303,7 +291,7 @@ void BAMAS315::fillUniforms() {
                   u" CD, UF.UNIFORMNAME, UF.SUBMAIN, SU.SEASON, SU.SUDIVIDE "
                   "    FROM C_SCHOOLUNIFORM SU "_s +
                   d.nolock() + u", C_UNIFORM UF "_s + d.nolock() + u", C_STORESCHOOL SS "_s +
-                  d.nolock() + u"   WHERE SU.COMPANY = "_s + company() +
+                  d.nolock() + u"   WHERE SU.COMPANY = "_s + quotedCompany() +
                   u"     AND UF.COMPANY = SU.COMPANY AND UF.SEASON = SU.SEASON "
                   "     AND UF.DIVIDE = SU.DIVIDE AND UF.UNIFORMSEQ = SU.UNIFORMSEQ "
                   "     AND UF.UNIFORMCOMSEQ = SU.UNIFORMCOMSEQ AND UF.USEYN = 'Y' "
@@ -360,7 +348,7 @@ QString BAMAS315::orderedLinesSql() const {
         "        AND TIN.ORDERDT = TOR.ORDERDT AND TIN.OUTBOUNDSTORE = TOR.ORDERSTORE "
         "        AND TIN.ORDERSEQ = TOR.ORDERSEQ "
         "  WHERE TOR.COMPANY = "_s +
-        company() + u"    AND TOR.STORECD = "_s + quoted(gfComboCode(cboStore, m_store)) +
+        quotedCompany() + u"    AND TOR.STORECD = "_s + quoted(gfComboCode(cboStore, m_store)) +
         u"    AND TOR.ORDYYYY = "_s + quoted(entryYear(cboYY)) + u"    AND TOR.SCHOOLCD = "_s +
         quoted(m_school) + u"    AND TOR.FINISHGB IN ('A', 'I') "_s;
     if (cboUniform->currentIndex() > 0) {
@@ -388,7 +376,7 @@ QString BAMAS315::unorderedLinesSql() const {
         "   FROM C_UNIFORM UF "_s +
         nl + u", C_SCHOOLUNIFORM SU "_s + nl + u", C_SCHOOL CS "_s + nl +
         u", VIW_SCHUNIFOMSIZE SS, C_GONGTONG GT24 "_s + nl + u"  WHERE UF.COMPANY = "_s +
-        company() +
+        quotedCompany() +
         u"    AND SU.COMPANY = UF.COMPANY AND SU.SEASON = UF.SEASON AND SU.DIVIDE = UF.DIVIDE "
         "    AND SU.UNIFORMSEQ = UF.UNIFORMSEQ AND SU.UNIFORMCOMSEQ = UF.UNIFORMCOMSEQ "
         "    AND SU.USEYN = 'Y' AND SU.SCHOOLCD = "_s +
@@ -433,7 +421,7 @@ void BAMAS315::writeEntryHeading() {
     RecordSet rs;
     if (!gfbSqlSelectDB(
             u" SELECT DISTINCT "_s + eachSize(u"SS.C%1"_s) +
-                u" FROM VIW_SCHUNIFOMSIZE SS WHERE SS.COMPANY = "_s + company() +
+                u" FROM VIW_SCHUNIFOMSIZE SS WHERE SS.COMPANY = "_s + quotedCompany() +
                 u" AND SS.STORECD = "_s + quoted(gfComboCode(cboStore, m_store)) +
                 u" AND SS.BSYYYY = "_s + quoted(entryYear(cboYY)) + u" AND SS.SCHOOLCD = "_s +
                 quoted(m_school) + u" AND SS.CD LIKE "_s + quoted(like) +

@@ -112,10 +112,6 @@ GridColumns listColumns(const QStringList& leading, const QStringList& trailing)
     return GridColumns(std::move(c));
 }
 
-QString company() {
-    return quoted(session().gsCompany);
-}
-
 QString dashed(const Dialect& d, const QString& column) {
     return d.cat({u"SUBSTRING(%1, 1, 4)"_s.arg(column), u"'-'"_s,
                   u"SUBSTRING(%1, 5, 2)"_s.arg(column), u"'-'"_s,
@@ -285,11 +281,11 @@ void BAMAS315::pickItems(ListTab& t, int first, int run, int exit) {
 // The filters both lists share: store, model year, period, schools, items, sex and season.
 QString BAMAS315::listWhere(const ListTab& t, const QString& alias, const QString& yearColumn,
                             const QString& dateColumn) const {
-    QString sql = u"  WHERE "_s + alias + u".COMPANY = "_s + company() + u"    AND "_s + alias +
-                  u".STORECD = "_s + quoted(gfComboCode(t.cboStore, t.stores)) + u"    AND "_s +
-                  alias + u"."_s + yearColumn + u" = "_s + quoted(entryYear(t.cboYY)) +
-                  u"    AND "_s + alias + u"."_s + dateColumn + u" BETWEEN "_s +
-                  quoted(ymdOf(t.dtpStart)) + u" AND "_s + quoted(ymdOf(t.dtpEnd));
+    QString sql = u"  WHERE "_s + alias + u".COMPANY = "_s + quotedCompany() + u"    AND "_s +
+                  alias + u".STORECD = "_s + quoted(gfComboCode(t.cboStore, t.stores)) +
+                  u"    AND "_s + alias + u"."_s + yearColumn + u" = "_s +
+                  quoted(entryYear(t.cboYY)) + u"    AND "_s + alias + u"."_s + dateColumn +
+                  u" BETWEEN "_s + quoted(ymdOf(t.dtpStart)) + u" AND "_s + quoted(ymdOf(t.dtpEnd));
     if (!t.schools.isEmpty()) {
         sql += u"    AND "_s + alias + u".SCHOOLCD IN ("_s + t.schools.inList() + u") "_s;
     }

@@ -37,10 +37,6 @@ enum EntryCol {
     EntSizeTab,
 };
 
-QString company() {
-    return quoted(session().gsCompany);
-}
-
 // "24-03-15" back to "20240315".
 QString fullDate(const QString& shown) {
     return u"20"_s + QString(shown).remove(u'-');
@@ -54,12 +50,13 @@ QString BAMAS315::receiptInsertSql(int line, bool orderLine) const {
     const QString day = ymdOf(dtpStart);
     const QString supplier = g.common(line, EntOrderStore);
     Assignments a{
-        {u"COMPANY"_s, company()},
+        {u"COMPANY"_s, quotedCompany()},
         {u"STORECD"_s, quoted(store)},
         {u"INBOUNDDT"_s, quoted(day)},
-        {u"INBOUNDSEQ"_s, nextSequence(u"T_INBOUND"_s, u"INBOUNDSEQ"_s,
-                                       u" WHERE COMPANY = "_s + company() + u" AND STORECD = "_s +
-                                           quoted(store) + u" AND INBOUNDDT = "_s + quoted(day))},
+        {u"INBOUNDSEQ"_s,
+         nextSequence(u"T_INBOUND"_s, u"INBOUNDSEQ"_s,
+                      u" WHERE COMPANY = "_s + quotedCompany() + u" AND STORECD = "_s +
+                          quoted(store) + u" AND INBOUNDDT = "_s + quoted(day))},
         {u"SCHOOLCD"_s, quoted(g.common(line, EntSchoolCd))},
         {u"SUDIVIDE"_s, quoted(g.common(line, EntSudivide))},
         {u"UNIFORMCD"_s, quoted(g.common(line, EntUniformCd))},
@@ -127,7 +124,7 @@ void BAMAS315::cmdSave2_Click() {
                     sql = u" UPDATE T_ORDER SET FINISHGB = "_s +
                           (finish == u"재입고예정"_s ? u"'I'"_s : u"'E'"_s) +
                           u", UPDDT = GETDATE(), UPDUSER = "_s + quoted(session().gsUserId) +
-                          u"  WHERE COMPANY = "_s + company() + u" AND STORECD = "_s +
+                          u"  WHERE COMPANY = "_s + quotedCompany() + u" AND STORECD = "_s +
                           quoted(gfComboCode(cboStore, m_store)) + u" AND ORDERDT = "_s +
                           quoted(fullDate(g.common(line, EntOrderDt))) + u" AND ORDERSEQ = "_s +
                           numeric(g.common(line, EntOrderSeq)) + u" ; "_s +

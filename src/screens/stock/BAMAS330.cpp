@@ -3,12 +3,13 @@
 #include "data/dbroutines.h"
 #include "data/dialect.h"
 #include "data/pickers.h"
-#include "data/sizelabels.h"
-#include "grid/gridcolumns.h"
 #include "data/session.h"
+#include "data/sizelabels.h"
+#include "data/sqlbuild.h"
 #include "data/sqlvalue.h"
 #include "data/waitcursor.h"
 #include "grid/excelexport.h"
+#include "grid/gridcolumns.h"
 #include "grid/numerictext.h"
 #include "grid/spreadmodel.h"
 #include "grid/spreadroutines.h"
@@ -43,10 +44,6 @@ enum Column {
 };
 constexpr quint32 kRed = 255;
 constexpr quint32 kActiveButton = 0xC0FFC0;
-
-QString company() {
-    return quoted(session().gsCompany);
-}
 
 QString code(const QComboBox* combo, const CodeArray& arr) {
     return combo->currentIndex() > 0 ? gfComboCode(combo, arr) : QString();
@@ -101,7 +98,7 @@ void BAMAS330::setupScreen() {
     m_currentYear = QString::number(QDate::currentDate().year());
     if (gfbSqlSelectDB(QStringLiteral("SELECT ISNULL(MAX(CURRYYYY), LEFT(") +
                            dialect().iso(QStringLiteral("GETDATE()")) +
-                           QStringLiteral(", 4)) FROM C_STORE  WHERE COMPANY = ") + company(),
+                           QStringLiteral(", 4)) FROM C_STORE  WHERE COMPANY = ") + quotedCompany(),
                        rs) &&
         !rs.eof() && !rs.value(0).trimmed().isEmpty()) {
         m_currentYear = rs.value(0).trimmed();

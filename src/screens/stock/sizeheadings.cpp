@@ -1,11 +1,10 @@
 #include "screens/stock/sizeheadings.h"
 
-#include "data/sizelabels.h"
-
 #include "data/dbroutines.h"
 #include "data/dialect.h"
 #include "data/schema/views.h"
 #include "data/session.h"
+#include "data/sizelabels.h"
 #include "data/sqlvalue.h"
 #include "grid/spreadroutines.h"
 

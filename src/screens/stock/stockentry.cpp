@@ -9,9 +9,11 @@
 #include "grid/gridcolumns.h"
 #include "grid/spreadroutines.h"
 
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QDate>
 #include <QDateEdit>
+#include <QRadioButton>
 
 using namespace Qt::StringLiterals;
 
@@ -104,4 +106,12 @@ bool refuseFutureDate(QDateEdit* box) {
     gfsMessage(8083);
     box->setDate(QDate::currentDate());
     return true;
+}
+
+QRadioButton* optionButton(QWidget* parent, const QString& name, const QString& caption,
+                           QButtonGroup* group) {
+    auto* b = new QRadioButton(caption, parent);
+    b->setObjectName(name);
+    group->addButton(b);
+    return b;
 }

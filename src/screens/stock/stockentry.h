@@ -6,7 +6,10 @@
 
 class Dialect;
 class QComboBox;
+class QButtonGroup;
 class QDateEdit;
+class QRadioButton;
+class QWidget;
 class RecordSet;
 class Spread;
 
@@ -36,3 +39,7 @@ int fillSchoolList(Spread* grid, const RecordSet& rs, bool withAll);
 QString ymdOf(const QDateEdit* box);
 // A document dated after today is refused: message 8083, the box back to today; true then.
 bool refuseFutureDate(QDateEdit* box);
+
+// An option button with its control name, one of a group.
+QRadioButton* optionButton(QWidget* parent, const QString& name, const QString& caption,
+                           QButtonGroup* group);

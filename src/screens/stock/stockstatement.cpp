@@ -138,10 +138,8 @@ QString namesStep(const StockFilter& f, StockReport report, const Dialect& d) {
                                        : QStringLiteral(" AND UF.SUBMAIN IN (") +
                                              quoted(f.subMain) + QStringLiteral(")");
     if (!f.uniform.isEmpty()) {
-        itemFilters +=
-            QStringLiteral(" AND ") +
-            itemBaseCode(d, QStringLiteral("UF")) +
-            QStringLiteral(" = ") + quoted(f.uniform);
+        itemFilters += QStringLiteral(" AND ") + itemBaseCode(d, QStringLiteral("UF")) +
+                       QStringLiteral(" = ") + quoted(f.uniform);
     }
     QString schoolFilters;
     if (!f.school.isEmpty()) {
