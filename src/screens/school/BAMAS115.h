@@ -14,7 +14,7 @@ class QPushButton;
 class Spread;
 
 // The item master: every garment a school can wear, by season, sex and sequence, with its
-// class, kind, size table, till button text and specification. The list leads on to the common
+// class, kind, size table, till button text and fabric (사양). The list leads on to the common
 // items of a base item (column "공통") and to its exclusive items (column "전용").
 class BAMAS115 : public Screen {
     Q_OBJECT

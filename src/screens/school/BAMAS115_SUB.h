@@ -27,7 +27,7 @@ struct BaseItem {
 };
 
 // The common items of a base item: variants under the same season, sex and sequence, numbered
-// "01" upwards, each with its own name, button text, specification and its own schools, for
+// "01" upwards, each with its own name, button text, fabric (사양) and its own schools, for
 // boys and girls apart.
 class BAMAS115_SUB : public Popup {
     Q_OBJECT
