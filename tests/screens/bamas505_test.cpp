@@ -60,6 +60,18 @@ TEST_F(Bamas505, codesArePaddedAndTheSchoolScreenNumbersOnFromTheGreatest) {
               QStringLiteral("013"));
 }
 
+TEST_F(Bamas505, aPasteLongerThanTheSheetIsTakenWhole) {
+    QString rows;
+    for (int n = 1; n <= 80; ++n) {
+        rows += QStringLiteral("%1\t1\t학교%1\t교%1\t3\n").arg(100 + n);
+    }
+    paste(rows);
+    EXPECT_EQ(gfSpreadText(sheet, 80, 3), QStringLiteral("학교180"));
+    upload();
+    EXPECT_TRUE(presenter->boxes.isEmpty());
+    EXPECT_EQ(count(QStringLiteral("C_SCHOOL"), QStringLiteral("SCHOOLCD > '100'")), 80);
+}
+
 TEST_F(Bamas505, everyFindingOfARowIsCollectedAndNothingIsWritten) {
     paste(QStringLiteral("1\t4\t새솔중학교\t한빛중\tx\n"
                          "abc\t2\t좋은고등학교\t좋은고\t2\n"

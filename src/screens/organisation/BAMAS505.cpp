@@ -55,6 +55,8 @@ BAMAS505::BAMAS505() : Screen(u"BAMAS505"_s, u"학교 업로드"_s) {}
 void BAMAS505::setupScreen() {
     SP1 = grid(u"SP1"_s, columns(), 3, true, false);
     SP1->setMaxRows(kEmptyRows);
+    // A chain's whole school list is pasted at once: the sheet grows to take every row.
+    SP1->setPasteAddsRows(true);
 
     auto* help = new QGroupBox(u"입력 방법"_s, this);
     help->setObjectName(u"fraHelp"_s);
