@@ -206,10 +206,9 @@ void BAMAS110::SP1_Click(int row) {
 
 void BAMAS110::sSaveQuery() {
     WaitCursor wait;
-    if (!m_form.checkRequired()) {
+    if (!m_form.readyToSave()) {
         return;
     }
-    m_form.cutTexts();
     guarded(
         u"sSaveQuery"_s,
         [this] {
