@@ -22,7 +22,7 @@ class BAMAS110 : public Screen {
 public:
     BAMAS110();
 
-    void m_clear() override { sClearInput(true); }
+    void clearScreen(bool defaults) override { sClearInput(defaults); }
 
     void sSelectQuery() override;
     void sSaveQuery() override;

@@ -21,7 +21,7 @@ class BAMAS115 : public Screen {
 public:
     BAMAS115();
 
-    void m_clear() override { sClearInput(true); }
+    void clearScreen(bool defaults) override { sClearInput(defaults); }
     void m_Delete() override {}
 
     void sSelectQuery() override;

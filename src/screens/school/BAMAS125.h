@@ -16,7 +16,7 @@ class BAMAS125 : public Screen {
 public:
     BAMAS125();
 
-    void m_clear() override { sClearInput(true); }
+    void clearScreen(bool defaults) override { sClearInput(defaults); }
 
     void sSelectQuery() override;
     void sSaveQuery() override;

@@ -1,0 +1,371 @@
+// BAMAS310 tab 1: the order list with its cancellation, and the clear routine.
+#include "data/dbroutines.h"
+#include "data/dialect.h"
+#include "data/itemcode.h"
+#include "data/messages.h"
+#include "data/pickers.h"
+#include "data/schema/views.h"
+#include "data/session.h"
+#include "data/sizelabels.h"
+#include "data/sqlbuild.h"
+#include "data/sqlvalue.h"
+#include "data/waitcursor.h"
+#include "grid/excelexport.h"
+#include "grid/gridcolumns.h"
+#include "grid/linegrid.h"
+#include "grid/spreadroutines.h"
+#include "screens/stock/BAMAS310.h"
+#include "screens/stock/sizeheadings.h"
+#include "screens/stock/stockentry.h"
+#include "shell/codecontrols.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QDate>
+#include <QDateEdit>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// SP21, as the statement's fields fall: field i in column i + 1.
+enum StatusCol {
+    StaDate = 1,
+    StaSchool,
+    StaUniform,
+    StaOrderDt,
+    StaOrderSeq,
+    StaYear,
+    StaTotal,
+    StaSizeTab,
+    StaFirstSize,
+    StaSupplier = StaFirstSize + kSizePositions,
+    StaCheck,
+    StaStore,
+    StaCount = StaStore
+};
+
+const QStringList& statusLeading() {
+    static const QStringList headings{u"발주일"_s, u"학교 [성]"_s, u"복종"_s, u"ORDDT"_s,
+                                      u"ORDSEQ"_s, u"연식"_s,      u"합계"_s};
+    return headings;
+}
+
+const QStringList& statusTrailing() {
+    static const QStringList headings{u"발주처"_s, u"□"_s, u"STORECD"_s};
+    return headings;
+}
+
+const GridColumns& statusColumns() {
+    static const GridColumns table = [] {
+        std::vector<GridColumn> c{
+            {QString(), statusLeading()[0], CellType::Static, 10, Align::Centre},
+            {QString(), statusLeading()[1], CellType::Static, 14},
+            {QString(), statusLeading()[2], CellType::Static, 20},
+            {QString(), statusLeading()[3], CellType::Static, 0},
+            {QString(), statusLeading()[4], CellType::Static, 0},
+            {QString(), statusLeading()[5], CellType::Static, 4, Align::Centre},
+            {QString(), statusLeading()[6], CellType::Static, 6, Align::Right},
+            {QString(), QString(), CellType::Static, 3, Align::Centre},
+        };
+        for (int n = 1; n <= kSizePositions; ++n) {
+            c.push_back({QString(), QString(), CellType::Static, 4, Align::Right});
+        }
+        c.push_back({QString(), statusTrailing()[0], CellType::Static, 20});
+        c.push_back({QString(), statusTrailing()[1], CellType::Check, 3, Align::Centre});
+        c.push_back({QString(), statusTrailing()[2], CellType::Static, 0});
+        return GridColumns(std::move(c));
+    }();
+    return table;
+}
+
+QString company() {
+    return quoted(session().gsCompany);
+}
+
+} // namespace
+
+QWidget* BAMAS310::buildStatusTab() {
+    auto* tab = new QWidget(this);
+    auto* row = new QHBoxLayout(tab);
+    SP20 = new Spread(tab);
+    SP20->setObjectName(u"SP20"_s);
+    setUpSchoolList(SP20);
+    SP20->setMaximumWidth(200);
+    row->addWidget(SP20);
+
+    auto* right = new QVBoxLayout;
+    auto* filters = new QGridLayout;
+    cboStore[1] = comboBox(u"cboStore_1"_s);
+    markRequired(cboStore[1]);
+    lblStore[1] = new QLabel(tab);
+    lblStore[1]->setObjectName(u"lblStore_1"_s);
+    cboLevel[1] = comboBox(u"cboLevel_1"_s);
+    cboYY[1] = comboBox(u"cboYY_1"_s);
+    const auto date = [tab](const QString& name, const QDate& value) {
+        auto* box = new QDateEdit(value, tab);
+        box->setObjectName(name);
+        box->setDisplayFormat(u"yyyy-MM-dd"_s);
+        box->setCalendarPopup(true);
+        return box;
+    };
+    dtpStart[1] = date(u"dtpStart_1"_s, QDate::currentDate().addDays(-90));
+    dtpEnd = date(u"dtpEnd"_s, QDate::currentDate());
+    auto* sexes = new QButtonGroup(tab);
+    auto* seasons = new QButtonGroup(tab);
+    auto* options = new QHBoxLayout;
+    const QString sexNames[3] = {u"전체"_s, u"남"_s, u"여"_s};
+    for (int i = 3; i < 6; ++i) {
+        optSchDivi[i] = new QRadioButton(sexNames[i - 3], tab);
+        optSchDivi[i]->setObjectName(u"optSchDivi_%1"_s.arg(i));
+        sexes->addButton(optSchDivi[i]);
+        options->addWidget(optSchDivi[i]);
+    }
+    options->addSpacing(16);
+    for (int i = 2; i < 4; ++i) {
+        optSeason0[i] = new QRadioButton(i == 2 ? u"동복"_s : u"하복"_s, tab);
+        optSeason0[i]->setObjectName(u"optSeason0_%1"_s.arg(i));
+        seasons->addButton(optSeason0[i]);
+        options->addWidget(optSeason0[i]);
+    }
+    optSchDivi[3]->setChecked(true);
+    optSeason0[2]->setChecked(true);
+    cmdUniType = new QPushButton(u"전체"_s, tab);
+    cmdUniType->setObjectName(u"cmdUniType"_s);
+    options->addSpacing(16);
+    options->addWidget(new QLabel(u"복종"_s, tab));
+    options->addWidget(cmdUniType);
+    options->addStretch(1);
+    const auto button = [tab](const QString& name, const QString& caption) {
+        auto* b = new QPushButton(caption, tab);
+        b->setObjectName(name);
+        return b;
+    };
+    cmdViewSale = button(u"cmdViewSale"_s, u"조회"_s);
+    cmdDelete = button(u"cmdDelete"_s, u"발주취소"_s);
+    cmdExcel = button(u"cmdExcel"_s, u"Excel"_s);
+
+    filters->addWidget(new QLabel(u"매장"_s, tab), 0, 0);
+    filters->addWidget(cboStore[1], 0, 1);
+    filters->addWidget(lblStore[1], 0, 2);
+    filters->addWidget(new QLabel(u"학교구분"_s, tab), 0, 3);
+    filters->addWidget(cboLevel[1], 0, 4);
+    filters->addWidget(new QLabel(u"연식"_s, tab), 0, 5);
+    filters->addWidget(cboYY[1], 0, 6);
+    filters->addWidget(new QLabel(u"조회기간"_s, tab), 1, 0);
+    filters->addWidget(dtpStart[1], 1, 1);
+    filters->addWidget(new QLabel(u"~"_s, tab), 1, 2, Qt::AlignCenter);
+    filters->addWidget(dtpEnd, 1, 3, 1, 2);
+    auto* commands = new QHBoxLayout;
+    for (QPushButton* b : {cmdViewSale, cmdDelete, cmdExcel}) {
+        commands->addWidget(b);
+    }
+    filters->addLayout(commands, 1, 5, 1, 3);
+    filters->addLayout(options, 2, 0, 1, 8);
+    filters->setColumnStretch(8, 1);
+    right->addLayout(filters);
+
+    SP21 = new Spread(tab);
+    SP21->setObjectName(u"SP21"_s);
+    gsSpreadInit(SP21, u"굴림체"_s, 10, 18, 18, 0, 0xC0C0C0, 3, false, false);
+    statusColumns().setUp(SP21);
+    SP21->setLocked(-1, -1, true);
+    SP21->setLocked(-1, StaCheck, false);
+    gsSpreadFreezeCols(SP21, StaTotal);
+    m_status = std::make_unique<LineGrid>(
+        SP21, LineGridLayout{
+                  {{LineRow::Quantity, false}}, StaFirstSize, StaTotal, 0, 0, 0, std::nullopt});
+    right->addWidget(SP21, 1);
+    row->addLayout(right, 1);
+
+    connect(cboStore[1], &QComboBox::currentIndexChanged, this, [this] { cboStore_Click(1); });
+    connect(cboLevel[1], &QComboBox::currentIndexChanged, this, [this] { cboStore_Click(1); });
+    connect(SP20, &Spread::clicked, this, [this](int r, int) { SP20_Click(r); });
+    // A changed filter empties the list rather than running it.
+    const auto empty = [this] { SP21->setMaxRows(0); };
+    connect(sexes, &QButtonGroup::buttonClicked, this, empty);
+    connect(seasons, &QButtonGroup::buttonClicked, this, empty);
+    connect(cboYY[1], &QComboBox::currentIndexChanged, this, empty);
+    connect(cmdViewSale, &QPushButton::clicked, this, &BAMAS310::cmdViewSale_Click);
+    connect(cmdDelete, &QPushButton::clicked, this, &BAMAS310::cmdDelete_Click);
+    connect(cmdExcel, &QPushButton::clicked, this, &BAMAS310::cmdExcel_Click);
+    connect(cmdUniType, &QPushButton::clicked, this, &BAMAS310::cmdUniType_Click);
+    return tab;
+}
+
+void BAMAS310::SP20_Click(int row) {
+    if (row < 1 || row > SP20->maxRows()) {
+        return;
+    }
+    m_statusSchool = gfSpreadCellText(SP20, row, 2);
+    Label2[0]->setText(gfSpreadCellText(SP20, row, 1));
+    Label2[1]->setText(m_statusSchool);
+    cmdViewSale_Click();
+}
+
+void BAMAS310::cmdUniType_Click() {
+    PickerScope scope;
+    scope.company = session().gsCompany;
+    scope.store =
+        cboStore[1]->currentIndex() > 0 ? gfComboCode(cboStore[1], m_store[1]) : QString();
+    scope.sex = optSchDivi[4]->isChecked()   ? u"B"_s
+                : optSchDivi[5]->isChecked() ? u"G"_s
+                                             : QString();
+    scope.season = optSeason0[2]->isChecked() ? u"N"_s : u"S"_s;
+    QList<CheckPickerGrid> grids;
+    const QString names[3] = {u"주품목"_s, u"부품목"_s, u"별매품"_s};
+    for (int k = 1; k <= 3; ++k) {
+        scope.subMain = QString::number(k);
+        grids << CheckPickerGrid{u"SPSubM%1"_s.arg(k), names[k - 1], itemPickerSql(scope)};
+    }
+    CheckPicker picker(
+        u"복종선택"_s,
+        {u"UNIFORMNAME"_s, u"CD"_s, u"SUBMAIN"_s, u"복종"_s, u"품명코드"_s, u"주부"_s}, grids,
+        u"cmdRun2"_s, u"cmdExit2"_s, this);
+    picker.setObjectName(u"Frame33"_s);
+    picker.exec();
+    m_items = picker.picked();
+    cmdUniType->setText(m_items.caption());
+    cmdUniType->setToolTip(m_items.caption());
+}
+
+QString BAMAS310::statusSql() const {
+    const Dialect& d = dialect();
+    const QString nl = d.nolock();
+    QString sql =
+        u" SELECT DISTINCT "_s +
+        d.cat({u"SUBSTRING(OD.ORDERDT, 1, 4)"_s, u"'-'"_s, u"SUBSTRING(OD.ORDERDT, 5, 2)"_s,
+               u"'-'"_s, u"SUBSTRING(OD.ORDERDT, 7, 2)"_s}) +
+        u" ORDDATE, "_s + schoolSexText(d) +
+        u" SCHOOLTEXT, UF.UNIFORMNAME, OD.ORDERDT, "
+        "        OD.ORDERSEQ, "_s +
+        d.cat({u"SUBSTRING(OD.ORDYYYY, 4, 1)"_s, u"RTRIM(UF.SEASON)"_s}) +
+        u" YEARTEXT, '' TOTAL, OD.SIZETAB, "_s + eachSize(u"OD.O%1"_s) +
+        u", OD.ORDERSTORE, 0 CHK, OD.STORECD, "
+        "        CS.SCHOOLLEVEL, CS.SCHOOLNAME, UF.SUBMAIN, UF.UNITYPE "
+        "   FROM T_ORDER OD "_s +
+        nl + u"   JOIN C_UNIFORM UF "_s + nl + u" ON "_s + itemJoin(d, u"UF"_s, u"OD"_s) +
+        u"   JOIN C_SCHOOLUNIFORM SU "_s + nl +
+        u" ON SU.COMPANY = OD.COMPANY AND SU.SCHOOLCD = OD.SCHOOLCD "
+        "        AND SU.SUDIVIDE = OD.SUDIVIDE AND SU.SEASON = UF.SEASON "
+        "        AND SU.DIVIDE = UF.DIVIDE AND SU.UNIFORMSEQ = UF.UNIFORMSEQ "
+        "        AND SU.UNIFORMCOMSEQ = UF.UNIFORMCOMSEQ "
+        "   LEFT OUTER JOIN C_SCHOOL CS "_s +
+        nl +
+        u" ON CS.COMPANY = OD.COMPANY AND CS.SCHOOLCD = OD.SCHOOLCD "
+        "   LEFT OUTER JOIN C_GONGTONG GT24 "_s +
+        nl +
+        u" ON GT24.L_GRP_COD = '24' AND GT24.S_GRP_COD = OD.SUDIVIDE "
+        "  WHERE OD.COMPANY = "_s +
+        company() + u"    AND OD.STORECD = "_s + quoted(gfComboCode(cboStore[1], m_store[1])) +
+        u"    AND OD.ORDYYYY = "_s + quoted(entryYear(cboYY[1])) +
+        u"    AND OD.ORDERDT BETWEEN "_s + quoted(ymdOf(dtpStart[1])) + u" AND "_s +
+        quoted(ymdOf(dtpEnd));
+    if (!m_statusSchool.isEmpty()) {
+        sql += u"    AND OD.SCHOOLCD = "_s + quoted(m_statusSchool);
+    }
+    if (optSchDivi[4]->isChecked()) {
+        sql += u"    AND SU.SUDIVIDE = '1' "_s;
+    } else if (optSchDivi[5]->isChecked()) {
+        sql += u"    AND SU.SUDIVIDE = '2' "_s;
+    }
+    sql += optSeason0[2]->isChecked() ? u"    AND SU.SEASON  IN ('A', 'N') "_s
+                                      : u"    AND SU.SEASON IN ('A',  'S') "_s;
+    if (!m_items.isEmpty()) {
+        sql += u"    AND "_s + itemBaseCode(d, u"UF"_s) + u" IN ("_s + m_items.inList() + u") "_s;
+    }
+    return sql + u"  ORDER BY OD.ORDERDT DESC, CS.SCHOOLLEVEL, CS.SCHOOLNAME, UF.SUBMAIN, "
+                 "UF.UNITYPE, UF.UNIFORMNAME"_s;
+}
+
+void BAMAS310::cmdViewSale_Click() {
+    if (cboStore[1]->currentIndex() < 1) {
+        return;
+    }
+    if (entryYear(cboYY[1]).isEmpty()) {
+        gfsMessage(8061);
+        return;
+    }
+    guarded(u"cmdViewSale_Click"_s, [this] {
+        const WaitCursor wait;
+        QList<SizeHeadingRow> headings;
+        if (!readSizeHeadings(gfComboCode(cboStore[1], m_store[1]), QString(), u"H"_s, headings)) {
+            return;
+        }
+        RecordSet rs;
+        if (!gfbSqlSelectDB(statusSql(), rs)) {
+            return;
+        }
+        SP21->setRedraw(false);
+        writeSizeHeadings(SP21, headings, statusLeading(), statusTrailing());
+        SP21->setMaxRows(0);
+        SP21->setMaxRows(int(rs.recordCount()));
+        for (qsizetype r = 0; r < rs.recordCount(); ++r) {
+            for (int field = 0; field < StaCount; ++field) {
+                gsSpreadSetText(SP21, int(r) + 1, field + 1, rs.at(r, field).trimmed());
+            }
+        }
+        m_status->recompute();
+        SP21->setRedraw(true);
+        showFound(rs.recordCount());
+    });
+}
+
+void BAMAS310::cmdDelete_Click() {
+    SP21->finishEditing();
+    // Each ticked line goes at once: no question, no transaction, receipts left as they are.
+    guarded(u"cmdDelete_Click"_s, [this] {
+        for (int row = 1; row <= SP21->dataRowCnt(); ++row) {
+            if (!(gfSpreadCellText(SP21, row, StaCheck, false) > u"0"_s)) {
+                continue;
+            }
+            if (!gfbSqlExecuteDB(u" DELETE FROM T_ORDER "_s + whereCompany() +
+                                 andEquals(u"STORECD"_s, gfSpreadCellText(SP21, row, StaStore)) +
+                                 andEquals(u"ORDERDT"_s, gfSpreadCellText(SP21, row, StaOrderDt)) +
+                                 u"    AND ORDERSEQ = "_s +
+                                 numeric(gfSpreadCellText(SP21, row, StaOrderSeq)))) {
+                return;
+            }
+        }
+    });
+    const int row = SP20->activeRow();
+    if (row >= 1) {
+        SP20_Click(row);
+    } else {
+        cmdViewSale_Click();
+    }
+}
+
+void BAMAS310::cmdExcel_Click() {
+    const QString season = optSeason0[2]->isChecked() ? u"   시즌 : 동복"_s : u"   시즌 : 하복"_s;
+    const QString sex = optSchDivi[4]->isChecked()   ? u"   성별 : 남자"_s
+                        : optSchDivi[5]->isChecked() ? u"   성별 : 여자"_s
+                                                     : u"   성별 : 전체"_s;
+    const int index = cboStore[1]->currentIndex();
+    gsExcelExport(u"발주현황"_s, StaCount, SP21,
+                  u"매장 : "_s + cboStore[1]->currentText() + u"   브랜드 : "_s +
+                      m_store[1].name(index) + u"   학교 : "_s + Label2[0]->text() +
+                      u"   연도 : "_s + cboYY[1]->currentText() + season + sex +
+                      u"   조회기간 : "_s + dtpStart[1]->date().toString(u"yyyy-MM-dd"_s) +
+                      u" ~ "_s + dtpEnd->date().toString(u"yyyy-MM-dd"_s));
+}
+
+void BAMAS310::m_clear() {
+    txtFullName->clear();
+    for (Spread* grid : {SP1, SP3, SP20, SP21}) {
+        grid->setMaxRows(0);
+    }
+    m_entry->clear();
+    m_school.clear();
+    m_statusSchool.clear();
+    // Blank rows under the school list and the entry grid, as an empty sheet shows.
+    SP1->setMaxRows(30);
+}
