@@ -184,15 +184,13 @@ QWidget* BAMAS115_SUB::buildSchools() {
     }
     Frame3->setEnabled(m_base.mix || (m_base.divide != u"B"_s && m_base.divide != u"G"_s));
 
-    QPushButton* cmdLeft = button(u"cmdLeft"_s, u"◀"_s);
-    QPushButton* cmdRight = button(u"cmdRight"_s, u"▶"_s);
-    connect(cmdLeft, &QPushButton::clicked, this, &BAMAS115_SUB::cmdLeft_Click);
-    connect(cmdRight, &QPushButton::clicked, this, &BAMAS115_SUB::cmdRight_Click);
-
     auto* schools = new QVBoxLayout;
     schools->addWidget(Frame3);
     // wide enough for a school's name in full
-    schools->addLayout(schoolPickPair(this, schoolColumns(), 310, SP2, SP3, cmdLeft, cmdRight), 1);
+    schools->addLayout(schoolPickPair(
+                           this, schoolColumns(), 310, SP2, SP3, [this] { cmdLeft_Click(); },
+                           [this] { cmdRight_Click(); }),
+                       1);
 
     auto* holder = new QWidget(this);
     auto* row = new QHBoxLayout(holder);

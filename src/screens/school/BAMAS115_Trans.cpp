@@ -154,15 +154,13 @@ QWidget* BAMAS115_Trans::buildLists() {
     connect(cmdSerch2, &QPushButton::clicked, this, &BAMAS115_Trans::sSelectQuery2);
     filters->addWidget(cmdSerch2);
 
-    QPushButton* cmdLeft = button(u"cmdLeft"_s, u"◀"_s);
-    QPushButton* cmdRight = button(u"cmdRight"_s, u"▶"_s);
-    connect(cmdLeft, &QPushButton::clicked, this, &BAMAS115_Trans::cmdLeft_Click);
-    connect(cmdRight, &QPushButton::clicked, this, &BAMAS115_Trans::cmdRight_Click);
-
     auto* schools = new QVBoxLayout;
     schools->addLayout(filters);
     // wide enough for a school's name in full
-    schools->addLayout(schoolPickPair(this, schoolColumns(), 340, SP2, SP3, cmdLeft, cmdRight), 1);
+    schools->addLayout(schoolPickPair(
+                           this, schoolColumns(), 340, SP2, SP3, [this] { cmdLeft_Click(); },
+                           [this] { cmdRight_Click(); }),
+                       1);
 
     auto* holder = new QWidget(this);
     auto* row = new QHBoxLayout(holder);

@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -80,15 +82,22 @@ QGroupBox* schoolPickBox(QWidget* parent, const QString& name, const QString& ca
 } // namespace
 
 QHBoxLayout* schoolPickPair(QWidget* parent, const GridColumns& columns, int minWidth,
-                            Spread*& assigned, Spread*& notAssigned, QPushButton* moveIn,
-                            QPushButton* moveOut) {
+                            Spread*& assigned, Spread*& notAssigned,
+                            const std::function<void()>& moveIn,
+                            const std::function<void()>& moveOut) {
     QGroupBox* left = schoolPickBox(parent, u"SP2"_s, u"지정학교"_s, columns, minWidth, assigned);
     QGroupBox* right =
         schoolPickBox(parent, u"SP3"_s, u"미지정학교"_s, columns, minWidth, notAssigned);
     auto* moves = new QVBoxLayout;
     moves->addStretch(1);
-    moves->addWidget(moveIn);
-    moves->addWidget(moveOut);
+    for (const auto& [name, caption, run] :
+         {std::tuple{u"cmdLeft"_s, u"◀"_s, moveIn}, std::tuple{u"cmdRight"_s, u"▶"_s, moveOut}}) {
+        auto* button = new QPushButton(caption, parent);
+        button->setObjectName(name);
+        button->setAutoDefault(false);
+        QObject::connect(button, &QPushButton::clicked, parent, run);
+        moves->addWidget(button);
+    }
     moves->addStretch(1);
     auto* pair = new QHBoxLayout;
     pair->addWidget(left, 1);

@@ -4,8 +4,9 @@
 
 #include <QStringList>
 
+#include <functional>
+
 class QHBoxLayout;
-class QPushButton;
 class QWidget;
 class RecordSet;
 class Spread;
@@ -28,10 +29,11 @@ int moveCheckedSchools(Spread* from, Spread* to, const GridColumns& columns);
 // The school codes of the filled rows, top to bottom.
 QStringList pickedSchoolCodes(const Spread* grid, const GridColumns& columns);
 
-// The assigned list "SP2", the buttons that move checked schools in (◀) and out (▶), and the list
-// not assigned "SP3", side by side. Only the check column takes input; a double click on its
-// heading checks every school, or clears them when the first was checked. `minWidth` keeps a
-// school's name whole.
+// The assigned list "SP2", the buttons "cmdLeft" (◀, runs moveIn) and "cmdRight" (▶, runs
+// moveOut), and the list not assigned "SP3", side by side. Only the check column takes input; a
+// double click on its heading checks every school, or clears them when the first was checked.
+// `minWidth` keeps a school's name whole.
 QHBoxLayout* schoolPickPair(QWidget* parent, const GridColumns& columns, int minWidth,
-                            Spread*& assigned, Spread*& notAssigned, QPushButton* moveIn,
-                            QPushButton* moveOut);
+                            Spread*& assigned, Spread*& notAssigned,
+                            const std::function<void()>& moveIn,
+                            const std::function<void()>& moveOut);
