@@ -538,6 +538,19 @@ int Spread::bandHeight() const {
     return h;
 }
 
+int Spread::fullWidth() const {
+    int w = 2 * m_main->frameWidth();
+    for (int c = 0; c <= maxCols(); ++c) {
+        if (!m_main->isColumnHidden(c)) {
+            w += m_main->columnWidth(c);
+        }
+    }
+    if (m_main->verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff) {
+        w += m_main->verticalScrollBar()->sizeHint().width();
+    }
+    return w;
+}
+
 int Spread::bandWidth() const {
     int w = 0;
     for (int c = 0; c <= qMin(frozenCols(), maxCols()); ++c) {

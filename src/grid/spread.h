@@ -45,6 +45,9 @@ public:
     // Column width in characters of the grid font; 0 hides the column.
     double columnWidth(int col) const { return m_model->columnWidth(col); }
     void setColumnWidth(int col, double width);
+    // The width in pixels that shows every column without sideways scrolling: the shown
+    // columns (the row headings among them), the frame and room for the vertical scroll bar.
+    int fullWidth() const;
     // Data row height and heading row height, in the old units (18 is one normal line).
     void setRowHeights(int headHeight, int rowHeight);
 

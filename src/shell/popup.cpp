@@ -1,6 +1,9 @@
 #include "shell/popup.h"
 
+#include "grid/inputhelpers.h"
+
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPushButton>
 
 Popup::Popup(QWidget* parent) : QDialog(parent) {
@@ -12,6 +15,13 @@ QPushButton* Popup::button(const QString& name, const QString& caption) {
     b->setObjectName(name);
     b->setAutoDefault(false);
     return b;
+}
+
+QLineEdit* Popup::textBox(const QString& name, int bytes) {
+    auto* box = new QLineEdit(this);
+    box->setObjectName(name);
+    gsByteLimit(box, bytes);
+    return box;
 }
 
 void Popup::showEvent(QShowEvent* event) {

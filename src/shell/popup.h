@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+class QLineEdit;
 class QPushButton;
 
 // The base of every pop-up. Enter belongs to the field that has the focus (a search box
@@ -15,6 +16,8 @@ public:
 protected:
     // A push button with its control name, never a default one.
     QPushButton* button(const QString& name, const QString& caption);
+    // A text box with its control name that takes no more than `bytes` bytes.
+    QLineEdit* textBox(const QString& name, int bytes);
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };

@@ -248,6 +248,14 @@ void RecordForm::cutTexts() const {
     }
 }
 
+bool RecordForm::readyToSave() const {
+    if (!checkRequired()) {
+        return false;
+    }
+    cutTexts();
+    return true;
+}
+
 Assignments RecordForm::assignments() const {
     Assignments out;
     for (const FieldBinding& b : m_fields) {

@@ -108,6 +108,8 @@ public:
     bool checkRequired() const;
     // gsTextCut on every text box, before a save.
     void cutTexts() const;
+    // Before a save: checkRequired, then cutTexts when all are filled. False stops the save.
+    bool readyToSave() const;
 
     // The saved fields as column assignments, in the order they were bound.
     Assignments assignments() const;

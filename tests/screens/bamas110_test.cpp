@@ -5,6 +5,7 @@
 
 #include "data/database.h"
 #include "data/dbroutines.h"
+#include "data/demo/demochain.h"
 #include "data/dialect.h"
 #include "data/session.h"
 #include "grid/spreadroutines.h"
@@ -295,4 +296,28 @@ TEST_F(Bamas110, theThreeScreensOpenFromTheTree) {
         EXPECT_NE(QByteArray(opened->metaObject()->className()), QByteArray("PlaceholderScreen"))
             << id;
     }
+}
+
+// Run by hand (--gtest_also_run_disabled_tests): the screen at 1280x800 on the demo chain with
+// the first school that wears items picked, written to the folder TORVIX_SHOTS names.
+class Bamas110Shots : public ScreenTest {};
+
+TEST_F(Bamas110Shots, DISABLED_grabsTheScreenWithASchoolPicked) {
+    generateDemoChain(*session().gDb, 1, 1);
+    mainWindow()->resize(1280, 800);
+    auto* screen = openByNumber<BAMAS110>(110);
+    ASSERT_NE(screen, nullptr);
+    auto* list = screen->findChild<Spread*>(QStringLiteral("SP1"));
+    int boys = 1;
+    while (boys < list->maxCols() && gfSpreadText(list, -1000, boys) != QStringLiteral("남복종")) {
+        ++boys;
+    }
+    int row = 1;
+    while (row < list->dataRowCnt() && list->model()->value(row, boys).toInt() == 0) {
+        ++row;
+    }
+    clickCell(list, row, 3);
+    QApplication::processEvents();
+    mainWindow()->grab().save(qEnvironmentVariable("TORVIX_SHOTS", QStringLiteral(".")) +
+                              QStringLiteral("/s110_picked.png"));
 }

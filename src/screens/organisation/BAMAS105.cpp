@@ -129,10 +129,9 @@ QString BAMAS105::updateStatement() const {
 }
 
 void BAMAS105::sSaveQuery() {
-    if (!m_form.checkRequired()) {
+    if (!m_form.readyToSave()) {
         return;
     }
-    m_form.cutTexts();
     guarded(u"sSaveQuery"_s, [this] {
         const bool isNew = lblCode->text().isEmpty();
         if (isNew &&

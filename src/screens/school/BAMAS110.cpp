@@ -31,17 +31,17 @@ const QString kMixed = u"공학"_s;
 
 const GridColumns& BAMAS110::listColumns() {
     static const GridColumns table{
-        {u"SCHOOLCD"_s, u"코드"_s, CellType::Static, 6, Align::Centre},
-        {u"LEVELNM"_s, u"등급"_s, CellType::Static, 6, Align::Centre},
-        {u"SCHOOLFULLNAME"_s, u"학교명"_s, CellType::Static, 22},
-        {u"SCHOOLNAME"_s, u"단축명"_s, CellType::Static, 12},
-        {u"DIVIDE"_s, u"구분"_s, CellType::Static, 7, Align::Centre},
-        {u"BCNT"_s, u"남복종"_s, CellType::Static, 8, Align::Centre},
-        {u"GCNT"_s, u"여복종"_s, CellType::Static, 8, Align::Centre},
+        {u"SCHOOLCD"_s, u"코드"_s, CellType::Static, 4, Align::Centre},
+        {u"LEVELNM"_s, u"등급"_s, CellType::Static, 5, Align::Centre},
+        {u"SCHOOLFULLNAME"_s, u"학교명"_s, CellType::Static, 19},
+        {u"SCHOOLNAME"_s, u"단축명"_s, CellType::Static, 9},
+        {u"DIVIDE"_s, u"구분"_s, CellType::Static, 5, Align::Centre},
+        {u"BCNT"_s, u"남복종"_s, CellType::Static, 6, Align::Centre},
+        {u"GCNT"_s, u"여복종"_s, CellType::Static, 6, Align::Centre},
         {u"USEYN"_s,
          u"사용"_s,
          CellType::Static,
-         6,
+         5,
          Align::Centre,
          {{{u"Y"_s, u"사용"_s}}, u"보류"_s}},
     };
@@ -51,15 +51,17 @@ const GridColumns& BAMAS110::listColumns() {
 BAMAS110::BAMAS110() : Screen(u"BAMAS110"_s, u"학교코드 관리"_s) {}
 
 void BAMAS110::setupScreen() {
-    SP1 = grid(u"SP1"_s, listColumns(), 3, true, true);
+    // Row numbers say nothing the code does not: without them every column fits.
+    SP1 = grid(u"SP1"_s, listColumns(), 3, false, true);
     gsSpreadFreezeCols(SP1, listColumns().column(u"SCHOOLCD"_s));
+    SP1->setMinimumWidth(SP1->fullWidth());
     connect(SP1, &Spread::clicked, this, [this](int row, int) { SP1_Click(row); });
     auto* list = new QGroupBox(u"등록학교"_s, this);
     (new QVBoxLayout(list))->addWidget(SP1);
 
     auto* lower = new QHBoxLayout;
-    lower->addWidget(list, 5);
-    lower->addWidget(buildAssignment(), 7);
+    lower->addWidget(list, 1);
+    lower->addWidget(buildAssignment());
     contentLayout()->addWidget(buildEditBand());
     contentLayout()->addLayout(lower, 1);
     sClearInput(true);
@@ -206,10 +208,9 @@ void BAMAS110::SP1_Click(int row) {
 
 void BAMAS110::sSaveQuery() {
     WaitCursor wait;
-    if (!m_form.checkRequired()) {
+    if (!m_form.readyToSave()) {
         return;
     }
-    m_form.cutTexts();
     guarded(
         u"sSaveQuery"_s,
         [this] {

@@ -29,13 +29,13 @@ using namespace Qt::StringLiterals;
 const GridColumns& BAMAS110::itemColumns() {
     static const GridColumns table{
         {QString(), u"선택"_s, CellType::Check, 4, Align::Centre},
-        {u"CD"_s, u"코드"_s, CellType::Static, 7, Align::Centre},
+        {u"CD"_s, u"코드"_s, CellType::Static, 8, Align::Centre},
         {u"SEASON"_s, u"SEASON"_s, CellType::Static, 0},
         {u"DIVIDE"_s, u"DIVIDE"_s, CellType::Static, 0},
         {u"UNIFORMSEQ"_s, u"UNIFORMSEQ"_s, CellType::Static, 0},
         {u"UNIFORMCOMSEQ"_s, u"UNIFORMCOMSEQ"_s, CellType::Static, 0},
         {u"SEASONNM"_s, u"시즌"_s, CellType::Static, 6, Align::Centre},
-        {u"UNITYPENM"_s, u"품종"_s, CellType::Static, 6, Align::Centre},
+        {u"UNITYPENM"_s, u"품종"_s, CellType::Static, 9, Align::Centre},
         {u"GUBUN"_s, u"구분"_s, CellType::Static, 6, Align::Centre},
         {u"UNIFORMNAME"_s, u"복종명"_s, CellType::Static, 16},
         {u"WEAR"_s, u"착용"_s, CellType::Static, 6, Align::Centre},
@@ -90,39 +90,39 @@ QWidget* BAMAS110::buildAssignment() {
     SP3 = grid(u"SP3"_s, itemColumns(), 3, false, false);
     for (Spread* list : {SP2, SP3}) {
         gsSpreadCheckAllOnHeading(list, kCheck, kCode);
+        list->setMinimumWidth(list->fullWidth());
     }
-    auto* cmdLeft = new QPushButton(u"◀"_s, this);
+    // The two lists stand one above the other, worn on top: side by side with the school list
+    // they would not show all their columns on a screen 1280 pixels wide.
+    auto* cmdLeft = new QPushButton(u"▲"_s, this);
     cmdLeft->setObjectName(u"cmdLeft"_s);
     cmdLeft->setToolTip(u"선택한 미착용복종을 착용복종으로"_s);
-    auto* cmdRight = new QPushButton(u"▶"_s, this);
+    auto* cmdRight = new QPushButton(u"▼"_s, this);
     cmdRight->setObjectName(u"cmdRight"_s);
     cmdRight->setToolTip(u"선택한 착용복종을 미착용복종으로"_s);
     for (QPushButton* button : {cmdLeft, cmdRight}) {
-        button->setFixedWidth(36);
+        button->setFixedWidth(48);
     }
     connect(cmdLeft, &QPushButton::clicked, this, &BAMAS110::cmdLeft_Click);
     connect(cmdRight, &QPushButton::clicked, this, &BAMAS110::cmdRight_Click);
 
     auto* head = new QHBoxLayout;
     head->addWidget(new QLabel(u"학교"_s, this));
-    head->addWidget(lblSchoolName);
+    head->addWidget(lblSchoolName, 1);
     head->addWidget(Frame6);
-    head->addWidget(chkGT22, 1);
 
-    auto* buttons = new QVBoxLayout;
+    auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(cmdLeft);
     buttons->addWidget(cmdRight);
     buttons->addStretch(1);
 
-    auto* lists = new QHBoxLayout;
-    lists->addWidget(framed(u"착용복종"_s, SP2, this), 1);
-    lists->addLayout(buttons);
-    lists->addWidget(framed(u"미착용복종"_s, SP3, this), 1);
-
     auto* column = new QVBoxLayout(area);
     column->addLayout(head);
-    column->addLayout(lists, 1);
+    column->addWidget(chkGT22, 0, Qt::AlignLeft); // a box stretched wide is not hit at its middle
+    column->addWidget(framed(u"착용복종"_s, SP2, this), 1);
+    column->addLayout(buttons);
+    column->addWidget(framed(u"미착용복종"_s, SP3, this), 1);
     return area;
 }
 

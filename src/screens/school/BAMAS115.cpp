@@ -314,10 +314,9 @@ QString BAMAS115::saveStatement(bool isNew) {
 
 void BAMAS115::sSaveQuery() {
     WaitCursor wait;
-    if (!m_form.checkRequired()) {
+    if (!m_form.readyToSave()) {
         return;
     }
-    m_form.cutTexts();
     guarded(
         u"sSaveQuery"_s,
         [this] {

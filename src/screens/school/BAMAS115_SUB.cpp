@@ -48,13 +48,6 @@ QLineEdit* readOnlyBox(QWidget* parent, const QString& name, const QString& text
     return box;
 }
 
-QLineEdit* limitedBox(QWidget* parent, const QString& name, int bytes) {
-    auto* box = new QLineEdit(parent);
-    box->setObjectName(name);
-    gsByteLimit(box, bytes);
-    return box;
-}
-
 } // namespace
 
 const GridColumns& BAMAS115_SUB::listColumns() {
@@ -126,7 +119,7 @@ QWidget* BAMAS115_SUB::buildFields() {
     codeRow->addWidget(txtComCode);
     codeRow->addWidget(hint, 1);
     form->addRow(u"공통코드"_s, codeRow);
-    txtComName = limitedBox(this, u"txtComName"_s, 20);
+    txtComName = textBox(u"txtComName"_s, 20);
     form->addRow(u"공통품명"_s, txtComName);
     txtComButName = new ButtonFaceText(u"txtComButName"_s, 20, this);
     cmdButton = buttonFace(u"cmdButton"_s, this);
@@ -135,7 +128,7 @@ QWidget* BAMAS115_SUB::buildFields() {
     buttonRow->addWidget(txtComButName, 1);
     buttonRow->addWidget(cmdButton);
     form->addRow(u"버튼표기"_s, buttonRow);
-    txtComSpec = limitedBox(this, u"txtComSpec"_s, 50);
+    txtComSpec = textBox(u"txtComSpec"_s, 50);
     form->addRow(u"제품사양"_s, txtComSpec);
     for (QWidget* field : std::initializer_list<QWidget*>{txtComName, txtComButName, txtComSpec}) {
         RecordForm::markRequired(field);
@@ -191,39 +184,13 @@ QWidget* BAMAS115_SUB::buildSchools() {
     }
     Frame3->setEnabled(m_base.mix || (m_base.divide != u"B"_s && m_base.divide != u"G"_s));
 
-    const auto schoolGrid = [this](const QString& name, const QString& caption, Spread*& grid) {
-        grid = new Spread(this);
-        grid->setObjectName(name);
-        gsSpreadInit(grid, u"굴림체"_s, 10, 18, 18, 0, 0xC0C0C0, 2, true, false);
-        schoolColumns().setUp(grid);
-        grid->setLocked(-1, -1, true);
-        grid->setLocked(-1, 1, false);
-        grid->setMaxRows(kSchoolPickRows);
-        grid->setMinimumWidth(310); // the school's name in full
-        checkAllOnHeadingDoubleClick(grid, schoolColumns());
-        auto* box = new QGroupBox(caption, this);
-        (new QVBoxLayout(box))->addWidget(grid);
-        return box;
-    };
-    QWidget* notAssigned = schoolGrid(u"SP3"_s, u"미지정학교"_s, SP3);
-    QWidget* assigned = schoolGrid(u"SP2"_s, u"지정학교"_s, SP2);
-    auto* moves = new QVBoxLayout;
-    moves->addStretch(1);
-    QPushButton* cmdLeft = button(u"cmdLeft"_s, u"◀"_s);
-    QPushButton* cmdRight = button(u"cmdRight"_s, u"▶"_s);
-    connect(cmdLeft, &QPushButton::clicked, this, &BAMAS115_SUB::cmdLeft_Click);
-    connect(cmdRight, &QPushButton::clicked, this, &BAMAS115_SUB::cmdRight_Click);
-    moves->addWidget(cmdLeft);
-    moves->addWidget(cmdRight);
-    moves->addStretch(1);
-
     auto* schools = new QVBoxLayout;
     schools->addWidget(Frame3);
-    auto* pair = new QHBoxLayout;
-    pair->addWidget(assigned, 1);
-    pair->addLayout(moves);
-    pair->addWidget(notAssigned, 1);
-    schools->addLayout(pair, 1);
+    // wide enough for a school's name in full
+    schools->addLayout(schoolPickPair(
+                           this, schoolColumns(), 310, SP2, SP3, [this] { cmdLeft_Click(); },
+                           [this] { cmdRight_Click(); }),
+                       1);
 
     auto* holder = new QWidget(this);
     auto* row = new QHBoxLayout(holder);

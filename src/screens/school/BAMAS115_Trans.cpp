@@ -40,13 +40,6 @@ QLabel* panel(QWidget* parent, const QString& name, const QString& text) {
     return label;
 }
 
-QLineEdit* limitedBox(QWidget* parent, const QString& name, int bytes) {
-    auto* box = new QLineEdit(parent);
-    box->setObjectName(name);
-    gsByteLimit(box, bytes);
-    return box;
-}
-
 } // namespace
 
 const GridColumns& BAMAS115_Trans::listColumns() {
@@ -93,10 +86,10 @@ BAMAS115_Trans::BAMAS115_Trans(const QString& uniformCode, const QString& unifor
 QWidget* BAMAS115_Trans::buildFields() {
     auto* band = new QGroupBox(u"전용복종"_s, this);
     auto* grid = new QGridLayout(band);
-    txtColor = limitedBox(this, u"txtColor"_s, 20);
-    txtMateril = limitedBox(this, u"txtMateril"_s, 20);
-    txtPattern = limitedBox(this, u"txtPattern"_s, 50);
-    txtBtn = limitedBox(this, u"txtBtn"_s, 2);
+    txtColor = textBox(u"txtColor"_s, 20);
+    txtMateril = textBox(u"txtMateril"_s, 20);
+    txtPattern = textBox(u"txtPattern"_s, 50);
+    txtBtn = textBox(u"txtBtn"_s, 2);
     auto* use = new QWidget(this);
     auto* useRow = new QHBoxLayout(use);
     useRow->setContentsMargins(0, 0, 0, 0);
@@ -146,23 +139,6 @@ QWidget* BAMAS115_Trans::buildLists() {
     auto* list = new QGroupBox(u"조회 리스트"_s, this);
     (new QVBoxLayout(list))->addWidget(SP1);
 
-    const auto schoolGrid = [this](const QString& name, const QString& caption, Spread*& grid) {
-        grid = new Spread(this);
-        grid->setObjectName(name);
-        gsSpreadInit(grid, u"굴림체"_s, 10, 18, 18, 0, 0xC0C0C0, 2, true, false);
-        schoolColumns().setUp(grid);
-        grid->setLocked(-1, -1, true);
-        grid->setLocked(-1, 1, false);
-        grid->setMaxRows(kSchoolPickRows);
-        grid->setMinimumWidth(340); // the school's name in full
-        checkAllOnHeadingDoubleClick(grid, schoolColumns());
-        auto* box = new QGroupBox(caption, this);
-        (new QVBoxLayout(box))->addWidget(grid);
-        return box;
-    };
-    QWidget* assigned = schoolGrid(u"SP2"_s, u"지정학교"_s, SP2);
-    QWidget* notAssigned = schoolGrid(u"SP3"_s, u"미지정학교"_s, SP3);
-
     cboGT25 = new QComboBox(this);
     cboGT25->setObjectName(u"cboGT25"_s);
     cboGT24 = new QComboBox(this);
@@ -178,23 +154,13 @@ QWidget* BAMAS115_Trans::buildLists() {
     connect(cmdSerch2, &QPushButton::clicked, this, &BAMAS115_Trans::sSelectQuery2);
     filters->addWidget(cmdSerch2);
 
-    auto* moves = new QVBoxLayout;
-    moves->addStretch(1);
-    QPushButton* cmdLeft = button(u"cmdLeft"_s, u"◀"_s);
-    QPushButton* cmdRight = button(u"cmdRight"_s, u"▶"_s);
-    connect(cmdLeft, &QPushButton::clicked, this, &BAMAS115_Trans::cmdLeft_Click);
-    connect(cmdRight, &QPushButton::clicked, this, &BAMAS115_Trans::cmdRight_Click);
-    moves->addWidget(cmdLeft);
-    moves->addWidget(cmdRight);
-    moves->addStretch(1);
-
     auto* schools = new QVBoxLayout;
     schools->addLayout(filters);
-    auto* sides = new QHBoxLayout;
-    sides->addWidget(assigned, 1);
-    sides->addLayout(moves);
-    sides->addWidget(notAssigned, 1);
-    schools->addLayout(sides, 1);
+    // wide enough for a school's name in full
+    schools->addLayout(schoolPickPair(
+                           this, schoolColumns(), 340, SP2, SP3, [this] { cmdLeft_Click(); },
+                           [this] { cmdRight_Click(); }),
+                       1);
 
     auto* holder = new QWidget(this);
     auto* row = new QHBoxLayout(holder);

@@ -38,11 +38,11 @@ QGroupBox* framed(const QString& title, QWidget* inside, QWidget* parent) {
 
 const GridColumns& BAMAS125::listColumns() {
     static const GridColumns table{
-        {u"STORECD"_s, u"코드"_s, CellType::Static, 5, Align::Centre},
-        {u"STORENAME"_s, u"매장명"_s, CellType::Static, 25},
-        {u"LOWCNT"_s, u"유초"_s, CellType::Static, 7, Align::Right},
-        {u"MIDCNT"_s, u"중등"_s, CellType::Static, 7, Align::Right},
-        {u"HITCNT"_s, u"고등"_s, CellType::Static, 7, Align::Right},
+        {u"STORECD"_s, u"코드"_s, CellType::Static, 4, Align::Centre},
+        {u"STORENAME"_s, u"매장명"_s, CellType::Static, 16},
+        {u"LOWCNT"_s, u"유초"_s, CellType::Static, 5, Align::Right},
+        {u"MIDCNT"_s, u"중등"_s, CellType::Static, 5, Align::Right},
+        {u"HITCNT"_s, u"고등"_s, CellType::Static, 5, Align::Right},
     };
     return table;
 }
@@ -52,9 +52,9 @@ const GridColumns& BAMAS125::schoolColumns() {
     static const GridColumns table{
         {QString(), u"선택"_s, CellType::Static, 4, Align::Centre},
         {u"CD"_s, u"코드"_s, CellType::Static, 4, Align::Centre},
-        {u"LEVELNM"_s, u"등급"_s, CellType::Static, 7, Align::Centre},
-        {u"DIVIDENM"_s, u"구분"_s, CellType::Static, 7, Align::Centre},
-        {u"SCHOOLNAME"_s, u"학교명"_s, CellType::Static, 20},
+        {u"LEVELNM"_s, u"등급"_s, CellType::Static, 5, Align::Centre},
+        {u"DIVIDENM"_s, u"구분"_s, CellType::Static, 5, Align::Centre},
+        {u"SCHOOLNAME"_s, u"학교명"_s, CellType::Static, 17},
     };
     return table;
 }
@@ -76,10 +76,14 @@ void BAMAS125::setupScreen() {
     band->add(0, 1, u"매장명"_s, band->row({{txtFullName, 1}, {chkSerch, 0}}));
     band->add(0, 2, u"선택매장명"_s, lblStoreName);
 
-    SP1 = grid(u"SP1"_s, listColumns(), 3, true, true);
+    // No row numbers: the store code says as much, and without them every column fits.
+    SP1 = grid(u"SP1"_s, listColumns(), 3, false, true);
     connect(SP1, &Spread::clicked, this, [this](int row, int) { SP1_Click(row); });
     SP2 = grid(u"SP2"_s, schoolColumns(), 3, false, true);
     SP3 = grid(u"SP3"_s, schoolColumns(), 3, false, true);
+    for (Spread* list : {SP1, SP2, SP3}) {
+        list->setMinimumWidth(list->fullWidth());
+    }
     for (Spread* list : {SP2, SP3}) {
         connect(list, &Spread::clicked, this,
                 [this, list](int row, int) { toggleStar(list, row); });
@@ -102,10 +106,10 @@ void BAMAS125::setupScreen() {
     buttons->addStretch(1);
 
     auto* lower = new QHBoxLayout;
-    lower->addWidget(framed(u"조회 리스트"_s, SP1, this), 5);
-    lower->addWidget(framed(u"등록학교 리스트"_s, SP2, this), 4);
+    lower->addWidget(framed(u"조회 리스트"_s, SP1, this), 1);
+    lower->addWidget(framed(u"등록학교 리스트"_s, SP2, this), 1);
     lower->addLayout(buttons);
-    lower->addWidget(framed(u"미등록학교 리스트"_s, SP3, this), 4);
+    lower->addWidget(framed(u"미등록학교 리스트"_s, SP3, this), 1);
     contentLayout()->addWidget(band);
     contentLayout()->addLayout(lower, 1);
     sClearInput(true);

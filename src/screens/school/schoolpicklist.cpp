@@ -1,9 +1,16 @@
 #include "screens/school/schoolpicklist.h"
 
 #include "data/recordset.h"
+#include "grid/rowmove.h"
 #include "grid/spread.h"
+#include "grid/spreadroutines.h"
 
-#include <QList>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -11,26 +18,6 @@ namespace {
 
 const QString kCheck = u"CHK"_s;
 const QString kCode = u"SCHOOLCD"_s;
-
-bool filled(const Spread* grid, const GridColumns& columns, int row) {
-    return !columns.value(grid, row, kCode).trimmed().isEmpty();
-}
-
-int lastFilled(const Spread* grid, const GridColumns& columns) {
-    int last = 0;
-    for (int row = 1; row <= grid->maxRows(); ++row) {
-        if (filled(grid, columns, row)) {
-            last = row;
-        }
-    }
-    return last;
-}
-
-void pad(Spread* grid) {
-    if (grid->maxRows() < kSchoolPickRows) {
-        grid->setMaxRows(kSchoolPickRows);
-    }
-}
 
 } // namespace
 
@@ -46,71 +33,75 @@ GridColumns schoolPickColumns(const QString& checkHeading, double divideWidth, d
 
 void fillSchoolPick(Spread* grid, const GridColumns& columns, const RecordSet& rs) {
     columns.fill(grid, rs);
-    pad(grid);
+    if (grid->maxRows() < kSchoolPickRows) {
+        grid->setMaxRows(kSchoolPickRows);
+    }
 }
 
 int moveCheckedSchools(Spread* from, Spread* to, const GridColumns& columns) {
-    QList<QStringList> moved;
-    QList<QStringList> kept;
-    for (int row = 1; row <= from->maxRows(); ++row) {
-        if (!filled(from, columns, row)) {
-            continue;
-        }
-        QStringList values;
-        for (int col = 1; col <= columns.count(); ++col) {
-            values.append(from->model()->value(row, col));
-        }
-        (columns.value(from, row, kCheck) == u"1"_s ? moved : kept).append(values);
+    const int code = columns.column(kCode);
+    const int below = gfSpreadFilledRows(to, code);
+    const int moved =
+        gsSpreadMoveMarked(from, to, columns.column(kCheck), code, u"1"_s, kSchoolPickRows);
+    // A moved school arrives unchecked: a second move must be asked for anew.
+    for (int row = below + 1; row <= below + moved; ++row) {
+        columns.setValue(to, row, kCheck, u"0"_s);
     }
-    if (moved.isEmpty()) {
-        return 0;
-    }
-    const auto write = [&columns](Spread* grid, int row, const QStringList& values) {
-        for (int col = 1; col <= columns.count(); ++col) {
-            grid->model()->setValue(row, col, values.at(col - 1));
-        }
-        columns.setValue(grid, row, kCheck, u"0"_s);
-    };
-    from->setMaxRows(0);
-    from->setMaxRows(int(kept.size()));
-    for (int i = 0; i < kept.size(); ++i) {
-        write(from, i + 1, kept.at(i));
-    }
-    pad(from);
-    int row = lastFilled(to, columns);
-    to->setMaxRows(qMax(to->maxRows(), row + int(moved.size())));
-    for (const QStringList& values : moved) {
-        write(to, ++row, values);
-    }
-    pad(to);
-    return int(moved.size());
+    return moved;
 }
 
 QStringList pickedSchoolCodes(const Spread* grid, const GridColumns& columns) {
     QStringList codes;
     for (int row = 1; row <= grid->maxRows(); ++row) {
-        if (filled(grid, columns, row)) {
-            codes.append(columns.value(grid, row, kCode).trimmed());
+        const QString code = columns.value(grid, row, kCode).trimmed();
+        if (!code.isEmpty()) {
+            codes.append(code);
         }
     }
     return codes;
 }
 
-void checkAllOnHeadingDoubleClick(Spread* grid, const GridColumns& columns) {
-    QObject::connect(grid, &Spread::doubleClicked, grid, [grid, &columns](int row, int col) {
-        if (row >= 0 || col != columns.column(kCheck)) {
-            return;
-        }
-        bool all = true;
-        for (int r = 1; r <= grid->maxRows(); ++r) {
-            if (filled(grid, columns, r) && columns.value(grid, r, kCheck) != u"1"_s) {
-                all = false;
-            }
-        }
-        for (int r = 1; r <= grid->maxRows(); ++r) {
-            if (filled(grid, columns, r)) {
-                columns.setValue(grid, r, kCheck, all ? u"0"_s : u"1"_s);
-            }
-        }
-    });
+namespace {
+
+QGroupBox* schoolPickBox(QWidget* parent, const QString& name, const QString& caption,
+                         const GridColumns& columns, int minWidth, Spread*& grid) {
+    grid = new Spread(parent);
+    grid->setObjectName(name);
+    gsSpreadInit(grid, u"굴림체"_s, 10, 18, 18, 0, 0xC0C0C0, 2, true, false);
+    columns.setUp(grid);
+    grid->setLocked(-1, -1, true);
+    grid->setLocked(-1, columns.column(kCheck), false);
+    grid->setMaxRows(kSchoolPickRows);
+    grid->setMinimumWidth(minWidth);
+    gsSpreadCheckAllOnHeading(grid, columns.column(kCheck), columns.column(kCode));
+    auto* box = new QGroupBox(caption, parent);
+    (new QVBoxLayout(box))->addWidget(grid);
+    return box;
+}
+
+} // namespace
+
+QHBoxLayout* schoolPickPair(QWidget* parent, const GridColumns& columns, int minWidth,
+                            Spread*& assigned, Spread*& notAssigned,
+                            const std::function<void()>& moveIn,
+                            const std::function<void()>& moveOut) {
+    QGroupBox* left = schoolPickBox(parent, u"SP2"_s, u"지정학교"_s, columns, minWidth, assigned);
+    QGroupBox* right =
+        schoolPickBox(parent, u"SP3"_s, u"미지정학교"_s, columns, minWidth, notAssigned);
+    auto* moves = new QVBoxLayout;
+    moves->addStretch(1);
+    for (const auto& [name, caption, run] :
+         {std::tuple{u"cmdLeft"_s, u"◀"_s, moveIn}, std::tuple{u"cmdRight"_s, u"▶"_s, moveOut}}) {
+        auto* button = new QPushButton(caption, parent);
+        button->setObjectName(name);
+        button->setAutoDefault(false);
+        QObject::connect(button, &QPushButton::clicked, parent, run);
+        moves->addWidget(button);
+    }
+    moves->addStretch(1);
+    auto* pair = new QHBoxLayout;
+    pair->addWidget(left, 1);
+    pair->addLayout(moves);
+    pair->addWidget(right, 1);
+    return pair;
 }

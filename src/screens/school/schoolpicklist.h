@@ -4,6 +4,10 @@
 
 #include <QStringList>
 
+#include <functional>
+
+class QHBoxLayout;
+class QWidget;
 class RecordSet;
 class Spread;
 
@@ -24,6 +28,12 @@ void fillSchoolPick(Spread* grid, const GridColumns& columns, const RecordSet& r
 int moveCheckedSchools(Spread* from, Spread* to, const GridColumns& columns);
 // The school codes of the filled rows, top to bottom.
 QStringList pickedSchoolCodes(const Spread* grid, const GridColumns& columns);
-// A double click on the check column's heading checks every filled row, or clears them all when
-// all were checked.
-void checkAllOnHeadingDoubleClick(Spread* grid, const GridColumns& columns);
+
+// The assigned list "SP2", the buttons "cmdLeft" (◀, runs moveIn) and "cmdRight" (▶, runs
+// moveOut), and the list not assigned "SP3", side by side. Only the check column takes input; a
+// double click on its heading checks every school, or clears them when the first was checked.
+// `minWidth` keeps a school's name whole.
+QHBoxLayout* schoolPickPair(QWidget* parent, const GridColumns& columns, int minWidth,
+                            Spread*& assigned, Spread*& notAssigned,
+                            const std::function<void()>& moveIn,
+                            const std::function<void()>& moveOut);
