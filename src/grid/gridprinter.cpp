@@ -85,7 +85,7 @@ GridPrinter::Layout GridPrinter::layout(const QPrinter* printer) const {
     l.x.push_back(0);
     for (const int c : m_columns) {
         const double width =
-            c == 0 ? metrics.horizontalAdvance(QString::number(qMax(99, model->maxRows()))) + 12
+            c == 0 ? metrics.horizontalAdvance(QString::number(qMax(99, model->dataRowCnt()))) + 12
                    : model->columnWidth(c) * digit + 6;
         l.x.push_back(l.x.back() + width);
     }
@@ -121,7 +121,8 @@ GridPrinter::Layout GridPrinter::layout(const QPrinter* printer) const {
     const int otherRows = qMax(1, int(rest / l.rowHeight));
     const int head = model->headRows();
     int row = head;
-    const int end = head + model->maxRows();
+    // Rows kept empty below the list (a list that always shows thirty) are not printed.
+    const int end = head + model->dataRowCnt();
     do {
         const int take = l.pages.empty() ? firstRows : otherRows;
         const int last = qMin(end, row + take) - 1;

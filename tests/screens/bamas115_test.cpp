@@ -12,8 +12,11 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTimer>
 
 class Bamas115 : public ScreenTest {
 protected:
@@ -265,4 +268,18 @@ TEST_F(Bamas115, theServerTextCarriesNoSqliteSpelling) {
     EXPECT_TRUE(sql.contains(QStringLiteral("AND UF.SEASON IN ('A', 'N')")));
     EXPECT_TRUE(
         sql.contains(QStringLiteral("AND (UF.DIVIDE IN ('G', 'U') OR UF.MIXUNIFORM = '1')")));
+}
+
+TEST_F(Bamas115, theItemListPrintsFromTheToolBar) {
+    clickToolButton(mainWindow(), QStringLiteral("Search"));
+    ASSERT_GT(list->dataRowCnt(), 0);
+    int pages = -1;
+    QTimer::singleShot(0, [&pages] {
+        auto* preview = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(preview, nullptr);
+        pages = preview->findChild<QPrintPreviewWidget*>()->pageCount();
+        preview->reject();
+    });
+    clickToolButton(mainWindow(), QStringLiteral("Preview"));
+    EXPECT_EQ(pages, 1);
 }

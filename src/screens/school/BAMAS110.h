@@ -21,6 +21,8 @@ class BAMAS110 : public Screen {
     Q_OBJECT
 public:
     BAMAS110();
+    // The list prints from the tool bar.
+    ReportGrid reportGrid() const override { return {SP1, QStringLiteral("학교코드 관리")}; }
 
     void clearScreen(bool defaults) override { sClearInput(defaults); }
 

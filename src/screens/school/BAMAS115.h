@@ -20,6 +20,8 @@ class BAMAS115 : public Screen {
     Q_OBJECT
 public:
     BAMAS115();
+    // The list prints from the tool bar.
+    ReportGrid reportGrid() const override { return {SP1, QStringLiteral("복종코드 관리")}; }
 
     void clearScreen(bool defaults) override { sClearInput(defaults); }
     void m_Delete() override {}
