@@ -20,6 +20,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDateEdit>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -100,6 +101,14 @@ QLineEdit* Screen::textBox(const QString& name) {
 QComboBox* Screen::comboBox(const QString& name) {
     auto* box = new QComboBox(this);
     box->setObjectName(name);
+    return box;
+}
+
+QDateEdit* Screen::dateBox(const QString& name, const QDate& value) {
+    auto* box = new QDateEdit(value, this);
+    box->setObjectName(name);
+    box->setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
+    box->setCalendarPopup(true);
     return box;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QDateTime>
 #include <QPointer>
 #include <QWidget>
@@ -96,6 +97,8 @@ protected:
     class QLineEdit* textBox(const QString& name);
     // A combo box with its control name.
     class QComboBox* comboBox(const QString& name);
+    // A date box with its control name: "yyyy-MM-dd" with the calendar, today unless given.
+    class QDateEdit* dateBox(const QString& name, const QDate& value = QDate::currentDate());
     // A grid with its control name, set up with the sheet settings of gsSpreadInit that differ
     // between grids and then with its column table.
     class Spread* grid(const QString& name, const class GridColumns& columns, int scrollBars,

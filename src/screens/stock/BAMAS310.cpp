@@ -112,10 +112,7 @@ QWidget* BAMAS310::buildEntryTab() {
     lblStore[0]->setObjectName(u"lblStore_0"_s);
     cboLevel[0] = comboBox(u"cboLevel_0"_s);
     cboYY[0] = comboBox(u"cboYY_0"_s);
-    dtpStart[0] = new QDateEdit(QDate::currentDate(), tab);
-    dtpStart[0]->setObjectName(u"dtpStart_0"_s);
-    dtpStart[0]->setDisplayFormat(u"yyyy-MM-dd"_s);
-    dtpStart[0]->setCalendarPopup(true);
+    dtpStart[0] = dateBox(u"dtpStart_0"_s);
     txtFullName = textBox(u"txtFullName"_s, 50);
     markRequired(txtFullName);
     Label2[0] = new QLabel(tab);

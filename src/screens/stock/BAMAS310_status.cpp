@@ -106,15 +106,8 @@ QWidget* BAMAS310::buildStatusTab() {
     lblStore[1]->setObjectName(u"lblStore_1"_s);
     cboLevel[1] = comboBox(u"cboLevel_1"_s);
     cboYY[1] = comboBox(u"cboYY_1"_s);
-    const auto date = [tab](const QString& name, const QDate& value) {
-        auto* box = new QDateEdit(value, tab);
-        box->setObjectName(name);
-        box->setDisplayFormat(u"yyyy-MM-dd"_s);
-        box->setCalendarPopup(true);
-        return box;
-    };
-    dtpStart[1] = date(u"dtpStart_1"_s, QDate::currentDate().addDays(-90));
-    dtpEnd = date(u"dtpEnd"_s, QDate::currentDate());
+    dtpStart[1] = dateBox(u"dtpStart_1"_s, QDate::currentDate().addDays(-90));
+    dtpEnd = dateBox(u"dtpEnd"_s, QDate::currentDate());
     auto* sexes = new QButtonGroup(tab);
     auto* seasons = new QButtonGroup(tab);
     auto* options = new QHBoxLayout;

@@ -128,10 +128,7 @@ QWidget* BAMAS315::buildEntryTab() {
     cboLevel = comboBox(u"cboLevel"_s);
     cboYY = comboBox(u"cboYY_0"_s);
     cboUniform = comboBox(u"cboUniform"_s);
-    dtpStart = new QDateEdit(QDate::currentDate(), tab);
-    dtpStart->setObjectName(u"dtpStart_0"_s);
-    dtpStart->setDisplayFormat(u"yyyy-MM-dd"_s);
-    dtpStart->setCalendarPopup(true);
+    dtpStart = dateBox(u"dtpStart_0"_s);
     txtFullName = textBox(u"txtFullName_0"_s, 50);
     Label2[0] = new QLabel(tab);
     Label2[0]->setObjectName(u"Label2_0"_s);

@@ -125,13 +125,6 @@ QWidget* BAMAS315::buildListTab(int k) {
     auto* tab = new QWidget(this);
     auto* column = new QVBoxLayout(tab);
     auto* filters = new QGridLayout;
-    const auto date = [tab](const QString& name, const QDate& value) {
-        auto* box = new QDateEdit(value, tab);
-        box->setObjectName(name);
-        box->setDisplayFormat(u"yyyy-MM-dd"_s);
-        box->setCalendarPopup(true);
-        return box;
-    };
     const auto button = [tab](const QString& name, const QString& caption) {
         auto* b = new QPushButton(caption, tab);
         b->setObjectName(name);
@@ -140,8 +133,8 @@ QWidget* BAMAS315::buildListTab(int k) {
     t.cboStore = comboBox(u"cboStore_%1"_s.arg(k));
     markRequired(t.cboStore);
     t.cboYY = comboBox(u"cboYY_%1"_s.arg(k));
-    t.dtpStart = date(u"dtpStart_%1"_s.arg(k), QDate::currentDate().addMonths(-3));
-    t.dtpEnd = date(u"dtpEnd_%1"_s.arg(k), QDate::currentDate());
+    t.dtpStart = dateBox(u"dtpStart_%1"_s.arg(k), QDate::currentDate().addMonths(-3));
+    t.dtpEnd = dateBox(u"dtpEnd_%1"_s.arg(k), QDate::currentDate());
     t.txtFullName = textBox(u"txtFullName_%1"_s.arg(k), 50);
     auto* sexes = new QButtonGroup(tab);
     auto* seasons = new QButtonGroup(tab);

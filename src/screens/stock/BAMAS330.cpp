@@ -146,10 +146,7 @@ QWidget* BAMAS330::buildStockTab() {
     cboSchool = combo(QStringLiteral("cboSchool"));
     cboGT25 = combo(QStringLiteral("cboGT25"));
     cboGT29 = combo(QStringLiteral("cboGT29"));
-    dtpEnd = new QDateEdit(QDate::currentDate(), tab);
-    dtpEnd->setObjectName(QStringLiteral("dtpEnd"));
-    dtpEnd->setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
-    dtpEnd->setCalendarPopup(true);
+    dtpEnd = dateBox(QStringLiteral("dtpEnd"));
 
     auto* years = new QHBoxLayout;
     years->addWidget(cboYY1[0]);
