@@ -127,6 +127,48 @@ QString answer(int button) {
 int errorLogDepth = 0;
 QStringList heldErrorRows;
 
+// The failure logged last, until the trap of the command it happened in writes that command's
+// own row for it. Failures are counted, so that a trap claims only what happened inside it.
+struct LoggedFailure {
+    quint64 serial = 0;
+    qint64 number = 0;
+    QString description;
+    QString statement;
+    bool claimed = true;
+};
+LoggedFailure lastFailure;
+
+// The C_ERROR row of a failure; held back while a transaction is open, so that its rollback
+// does not take the row with it.
+void writeErrorRow(qint64 number, const QString& description, const QString& place,
+                   const QString& statement) {
+    // Back-quotes for apostrophes, and nothing that ends a literal early: the row must be
+    // storable whatever the failing statement held.
+    const auto loggable = [](const QString& text) {
+        return storable(text).replace(QLatin1Char('\''), QLatin1Char('`'));
+    };
+    QString message = loggable(description);
+    if (message.size() * 2 >= 251) {
+        message = message.left(250);
+    }
+    QString other = loggable(statement);
+    if (other.size() >= 1501) {
+        other = other.left(1500);
+    }
+    const QString sql = QStringLiteral(" INSERT INTO C_ERROR ") +
+                        QStringLiteral(" (ERRTIME, ERRNO, ERRPROG, ERRMSG, ERROTHER)") +
+                        QStringLiteral(" VALUES ( GETDATE(),") + QString::number(number) +
+                        QStringLiteral(",'") + loggable(place) + QStringLiteral("','") + message +
+                        QStringLiteral(" ', '") + other + QStringLiteral(" ' )");
+    if (session().gDb && session().gDb->inTransaction()) {
+        heldErrorRows << sql;
+        return;
+    }
+    ++errorLogDepth;
+    gfbSqlExecuteDB(sql);
+    --errorLogDepth;
+}
+
 } // namespace
 
 const CatalogueEntry* catalogueEntry(int number) {
@@ -228,31 +270,22 @@ void gsErrorLog(qint64 number, const QString& description, const QString& place,
         // program goes on without the log row.
         return;
     }
-    // Back-quotes for apostrophes, and nothing that ends a literal early: the row must be
-    // storable whatever the failing statement held.
-    const auto loggable = [](const QString& text) {
-        return storable(text).replace(QLatin1Char('\''), QLatin1Char('`'));
-    };
-    QString message = loggable(description);
-    if (message.size() * 2 >= 251) {
-        message = message.left(250);
-    }
-    QString other = loggable(statement);
-    if (other.size() >= 1501) {
-        other = other.left(1500);
-    }
-    const QString sql = QStringLiteral(" INSERT INTO C_ERROR ") +
-                        QStringLiteral(" (ERRTIME, ERRNO, ERRPROG, ERRMSG, ERROTHER)") +
-                        QStringLiteral(" VALUES ( GETDATE(),") + QString::number(number) +
-                        QStringLiteral(",'") + loggable(place) + QStringLiteral("','") + message +
-                        QStringLiteral(" ', '") + other + QStringLiteral(" ' )");
-    if (session().gDb && session().gDb->inTransaction()) {
-        heldErrorRows << sql;
+    lastFailure = {lastFailure.serial + 1, number, description, statement, false};
+    writeErrorRow(number, description, place, statement);
+}
+
+quint64 gsErrorMark() {
+    return lastFailure.serial;
+}
+
+void gsErrorLogCommand(quint64 mark, const QString& place) {
+    if (lastFailure.claimed || lastFailure.serial <= mark) {
         return;
     }
-    ++errorLogDepth;
-    gfbSqlExecuteDB(sql);
-    --errorLogDepth;
+    lastFailure.claimed = true;
+    if (!place.isEmpty()) {
+        writeErrorRow(lastFailure.number, lastFailure.description, place, lastFailure.statement);
+    }
 }
 
 void gsFlushErrorLog() {

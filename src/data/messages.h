@@ -40,6 +40,12 @@ void gfsPlainBox(const QString& text, const QString& title = QStringLiteral("TOR
 void gsErrorLog(qint64 number, const QString& description, const QString& place,
                 const QString& statement);
 void gsErrorLog(const DbError& error, const QString& place, const QString& statement);
+// A failure inside a command leaves two rows: the statement routine's, then the command's own
+// place text, with one box. A command's trap takes a mark when it starts and, when it ends,
+// writes its own row for a failure logged since then that no inner command has claimed; an
+// empty place only claims it.
+quint64 gsErrorMark();
+void gsErrorLogCommand(quint64 mark, const QString& place);
 // Writes the C_ERROR rows that failures inside a transaction held back, so that the rollback
 // which follows such a failure does not take its log row with it. Transactions call it when
 // they end.

@@ -21,8 +21,13 @@ void rollbackIfAsked(bool rollback) {
 } // namespace
 
 bool gfTrap(const QString& place, const std::function<void()>& body, bool rollback) {
+    const quint64 mark = gsErrorMark();
     try {
         body();
+        // A statement routine that failed inside has shown its box and logged its row; the
+        // command adds its own place, so that the log says which screen and command failed.
+        gsErrorLogCommand(mark, place);
+        gsFlushErrorLog();
         return true;
     } catch (const DbError& error) {
         rollbackIfAsked(rollback);
@@ -31,6 +36,7 @@ bool gfTrap(const QString& place, const std::function<void()>& body, bool rollba
         rollbackIfAsked(rollback);
         gsErrorLog(-1, QString::fromLocal8Bit(error.what()), place, QString());
     }
-    gsFlushErrorLog(); // the log row held back while a transaction was open
+    gsErrorLogCommand(mark, QString()); // logged under this place already
+    gsFlushErrorLog();                  // the log row held back while a transaction was open
     return false;
 }

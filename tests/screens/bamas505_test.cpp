@@ -102,21 +102,37 @@ TEST_F(Bamas505, oneCodeTwiceInAPasteRollsEveryRowBack) {
     EXPECT_TRUE(gfSpreadText(sheet, 3, 6).isEmpty()); // the checks see only the table
     EXPECT_EQ(schools(), 4);
     EXPECT_EQ(presenter->boxes.size(), 1);
-    EXPECT_EQ(count(QStringLiteral("C_ERROR")), 1);
+    // The statement routine's row, then the upload's own place: the log says which screen.
+    EXPECT_EQ(scalar(QStringLiteral("SELECT GROUP_CONCAT(ERRPROG, '|') FROM (SELECT ERRPROG FROM "
+                                    "C_ERROR ORDER BY ROWID)")),
+              QStringLiteral("basDatabase : gfbSqlExecuteDB|BAMAS505 : sSelectQuery2"));
     EXPECT_EQ(endedWith, -1);
 }
 
-TEST_F(Bamas505, anEmptyGridWritesNothingAndNamesAreCutToTheirColumns) {
-    upload();
+TEST_F(Bamas505, anOverLongNameIsAFindingOfItsRowAndWhatFitsIsStoredAsTyped) {
+    upload(); // an empty sheet
     EXPECT_TRUE(presenter->boxes.isEmpty());
     EXPECT_EQ(schools(), 4);
 
-    paste(QStringLiteral("40\t1\t'); DELETE FROM C_SCHOOL; --아주긴이름\t사십%_😀중학교\t1\n"));
+    // Cut to its bytes the short name would pass the duplicate check as "한빛중", a name the
+    // sheet does not have; the sheet keeps what was pasted and the row says what is wrong.
+    paste(QStringLiteral("40\t1\t'); DELETE FROM C_SCHOOL; --아주긴이름\t한빛중학교부설\t1\n"
+                         "41\t1\t사십일중학교\t사십일중\t1\n"));
     upload();
-    EXPECT_TRUE(presenter->boxes.isEmpty());
+    EXPECT_EQ(gfSpreadText(sheet, 1, 3), QStringLiteral("'); DELETE FROM C_SCHOOL; --아주긴이름"));
+    EXPECT_EQ(gfSpreadText(sheet, 1, 4), QStringLiteral("한빛중학교부설"));
+    EXPECT_EQ(gfSpreadText(sheet, 1, 6), QStringLiteral(" 학교명 길이 오류 단축명 길이 오류"));
+    EXPECT_TRUE(gfSpreadText(sheet, 2, 6).isEmpty());
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(schools(), 4);
+
+    QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdViewSale2")), Qt::LeftButton);
+    paste(QStringLiteral("40\t1\t'); DELETE --%_😀\t사십%_😀중\t1\n"));
+    upload();
+    EXPECT_EQ(presenter->boxes.size(), 1);
     EXPECT_EQ(scalar(QStringLiteral("SELECT SCHOOLFULLNAME || '|' || SCHOOLNAME FROM C_SCHOOL "
                                     "WHERE SCHOOLCD = '040'")),
-              QStringLiteral("'); DELETE FROM C_SCHO|사십%_😀중"));
+              QStringLiteral("'); DELETE --%_😀|사십%_😀중"));
     EXPECT_EQ(schools(), 5);
 }
 

@@ -2,6 +2,7 @@
 
 #include "data/dbroutines.h"
 #include "data/messages.h"
+#include "data/schema/schema.h"
 #include "data/session.h"
 #include "data/sqlbuild.h"
 #include "data/sqlvalue.h"
@@ -114,11 +115,8 @@ bool BAMAS505::checkRow(int row) {
     };
     const QString code = formatCode(cell("SCHOOLCD"));
     setCell("SCHOOLCD", code);
-    // Names longer than their columns are cut here, where the operator sees what is stored.
-    const QString fullName = gfByteCut(cell("SCHOOLFULLNAME"), 22);
-    const QString name = gfByteCut(cell("SCHOOLNAME"), 10);
-    setCell("SCHOOLFULLNAME", fullName);
-    setCell("SCHOOLNAME", name);
+    const QString fullName = cell("SCHOOLFULLNAME");
+    const QString name = cell("SCHOOLNAME");
 
     QString findings = c.value(SP1, row, u"REMARK"_s);
     int found = 0;
@@ -151,6 +149,14 @@ bool BAMAS505::checkRow(int row) {
     }
     if (!kCodes123.contains(cell("SCHOOLDIVIDE"))) {
         findings += u" 구분 오류"_s;
+    }
+    // A name longer than its column is the sheet's to mend: cut here it would be stored, and
+    // checked for duplicates, under a name the sheet does not have.
+    if (gfByteLen(fullName) > textColumnBytes(u"C_SCHOOL"_s, u"SCHOOLFULLNAME"_s)) {
+        findings += u" 학교명 길이 오류"_s;
+    }
+    if (gfByteLen(name) > textColumnBytes(u"C_SCHOOL"_s, u"SCHOOLNAME"_s)) {
+        findings += u" 단축명 길이 오류"_s;
     }
     setCell("REMARK", findings);
     return true;
