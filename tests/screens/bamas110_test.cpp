@@ -229,9 +229,54 @@ TEST_F(Bamas110, onlySchoolsWithoutItemsEndsOnTheErrorPathAndKeepsTheList) {
     clickToolButton(mainWindow(), QStringLiteral("Search"));
     EXPECT_TRUE(screen->listStatement().contains(QStringLiteral("AND ISNULL(SU.CNT, 0) = '0' ")));
     EXPECT_EQ(presenter->boxes.size(), 1);
-    EXPECT_EQ(count(QStringLiteral("C_ERROR")), 1);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT GROUP_CONCAT(ERRPROG, '|') FROM (SELECT ERRPROG FROM "
+                                    "C_ERROR ORDER BY ROWID)")),
+              QStringLiteral("basDatabase : gfbSqlSelectDB|BAMAS110 : sSelectQuery"));
     EXPECT_EQ(list->dataRowCnt(), 4);
     EXPECT_EQ(endedWith, -1);
+}
+
+TEST_F(Bamas110, aSearchWithASchoolLoadedListsByTheFiltersNotByTheLoadedSchool) {
+    pick(QStringLiteral("한빛중"));
+    clickToolButton(mainWindow(), QStringLiteral("Search"));
+    EXPECT_EQ(list->dataRowCnt(), 4);
+    EXPECT_EQ(box("txtName")->text(), QStringLiteral("한빛중")); // still loaded
+    EXPECT_EQ(child<QLabel>(screen, QStringLiteral("lblCode"))->text(), QStringLiteral("001"));
+
+    // Typed into an empty band, the same boxes filter.
+    clickToolButton(mainWindow(), QStringLiteral("Clear"));
+    typeText(box("txtName"), QStringLiteral("한빛중"));
+    clickToolButton(mainWindow(), QStringLiteral("Search"));
+    EXPECT_EQ(list->dataRowCnt(), 1);
+    clickToolButton(mainWindow(), QStringLiteral("Clear"));
+    QTest::keyClicks(box("txtGT24"), QStringLiteral("3"));
+    clickToolButton(mainWindow(), QStringLiteral("Search"));
+    EXPECT_EQ(list->dataRowCnt(), 2); // the co-educational schools
+}
+
+TEST_F(Bamas110, aFailedMoveOrSaveLogsItsCommandAndTheScreenKeepsWhatWasDone) {
+    exec(QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON C_SCHOOLUNIFORM "
+                        "BEGIN SELECT RAISE(ABORT, 'locked'); END;"
+                        "CREATE TRIGGER refuse2 BEFORE UPDATE ON C_SCHOOL "
+                        "BEGIN SELECT RAISE(ABORT, 'locked'); END"));
+    const QString log =
+        QStringLiteral("SELECT GROUP_CONCAT(ERRPROG, '|') FROM (SELECT ERRPROG FROM "
+                       "C_ERROR ORDER BY ROWID)");
+    pick(QStringLiteral("새솔중"));
+    clickCell(notWorn, 1, 1);
+    press("cmdLeft");
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(scalar(log), QStringLiteral("basDatabase : gfbSqlExecuteDB|BAMAS110 : SubSaveQuery"));
+    EXPECT_EQ(assigned(QStringLiteral("003")), (QStringList{"N1B01", "N2G01", "S1B02"}));
+    EXPECT_EQ(codes(worn).size(), 3); // the moved row stays until the school is picked again
+
+    exec(QStringLiteral("DELETE FROM C_ERROR"));
+    box("txtFullName")->clear();
+    typeText(box("txtFullName"), QStringLiteral("새솔중학교(신)"));
+    clickToolButton(mainWindow(), QStringLiteral("Save"));
+    EXPECT_EQ(presenter->boxes.size(), 2);
+    EXPECT_EQ(scalar(log), QStringLiteral("basDatabase : gfbSqlExecuteDB|BAMAS110 : sSaveQuery"));
+    EXPECT_EQ(box("txtFullName")->text(), QStringLiteral("새솔중학교(신)"));
 }
 
 TEST_F(Bamas110, badInputIsStoredAsTypedCutToItsBytesAndFoundAgain) {

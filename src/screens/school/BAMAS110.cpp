@@ -125,13 +125,16 @@ QString BAMAS110::listStatement() const {
         u"  WHERE SC.COMPANY = "_s + quoted(session().gsCompany) + u" \n"_s +
         u"    AND SC.SCHOOLLEVEL = GT25.S_GRP_COD \n"_s +
         u"    AND SC.SCHOOLDIVIDE = GT24.S_GRP_COD \n"_s;
-    if (!fraGT25->code().isEmpty()) {
+    // The boxes filter while a new school is typed; once a school is loaded they show that
+    // school, and a search lists by the other filters rather than by the loaded record.
+    const bool filtering = lblCode->text().trimmed().isEmpty();
+    if (filtering && !fraGT25->code().isEmpty()) {
         sql += u"    AND SC.SCHOOLLEVEL = "_s + quoted(fraGT25->code()) + u" \n"_s;
     }
-    if (!fraGT24->code().isEmpty()) {
+    if (filtering && !fraGT24->code().isEmpty()) {
         sql += u"    AND SC.SCHOOLDIVIDE = "_s + quoted(fraGT24->code()) + u" \n"_s;
     }
-    if (!txtName->text().trimmed().isEmpty()) {
+    if (filtering && !txtName->text().trimmed().isEmpty()) {
         sql += u"    AND SC.SCHOOLNAME = "_s + quoted(txtName->text()) + u" \n"_s;
     }
     if (chkSerch->isChecked()) {
