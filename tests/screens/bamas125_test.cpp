@@ -90,10 +90,9 @@ TEST_F(Bamas125, starredSchoolsMoveAndSaveAtOnceAndAnOnHoldSchoolDrops) {
     EXPECT_EQ(notServed->maxRows(), BAMAS125::kSchoolRows);
     EXPECT_EQ(row(list, 1, 5), (QStringList{"01", "강남점", "0", "2", "1"}));
 
-    // A moved row arrives as it stood, star included; a second click takes a star back and an
-    // empty row takes none.
-    EXPECT_EQ(gfSpreadText(served, 3, 1), QStringLiteral("*"));
-    clickCell(served, 3, 2);
+    // A moved row arrives without its star, so the move back takes only what is starred
+    // then; a second click takes a star back and an empty row takes none.
+    EXPECT_EQ(gfSpreadText(served, 3, 1), QString());
     clickCell(served, 2, 2);
     clickCell(served, 1, 2);
     clickCell(served, 1, 2);
@@ -103,6 +102,11 @@ TEST_F(Bamas125, starredSchoolsMoveAndSaveAtOnceAndAnOnHoldSchoolDrops) {
     press("cmdRight");
     EXPECT_EQ(storeRows("01"), QStringLiteral("001Ytester,002Ytester"));
     EXPECT_EQ(codes(notServed), (QStringList{"003"}));
+    EXPECT_EQ(gfSpreadText(notServed, 1, 1), QString());
+    // The chosen store's name in the box is no filter: the list keeps every store.
+    EXPECT_EQ(list->dataRowCnt(), 3);
+    EXPECT_EQ(child<QLineEdit>(screen, QStringLiteral("txtFullName"))->text(),
+              QStringLiteral("강남점"));
 
     clickToolButton(mainWindow(), QStringLiteral("Save")); // the same grid a second time
     EXPECT_EQ(storeRows("01"), QStringLiteral("001Ytester,002Ytester"));
@@ -122,6 +126,30 @@ TEST_F(Bamas125, aSaveWithoutAStoreWritesNothingAndTheNameFilterIsExact) {
     clickToolButton(mainWindow(), QStringLiteral("Search"));
     EXPECT_EQ(list->dataRowCnt(), 0);
     EXPECT_TRUE(presenter->boxes.isEmpty());
+}
+
+TEST_F(Bamas125, aFailedMoveLogsItsCommandAndATypedNameStillFilters) {
+    // A typed name filters, and a move within the filtered list keeps the filter.
+    typeText(child<QLineEdit>(screen, QStringLiteral("txtFullName")), QStringLiteral("강남점"));
+    clickToolButton(mainWindow(), QStringLiteral("Search"));
+    ASSERT_EQ(list->dataRowCnt(), 1);
+    clickCell(list, 1, 2);
+    exec(QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON C_STORESCHOOL "
+                        "BEGIN SELECT RAISE(ABORT, 'locked'); END"));
+    clickCell(notServed, 1, 3);
+    press("cmdLeft");
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT GROUP_CONCAT(ERRPROG, '|') FROM (SELECT ERRPROG FROM "
+                                    "C_ERROR ORDER BY ROWID)")),
+              QStringLiteral("basDatabase : gfbSqlExecuteDB|BAMAS125 : sSaveQuery"));
+    EXPECT_EQ(count(QStringLiteral("C_STORESCHOOL"), QStringLiteral("SCHOOLCD = '002'")), 0);
+    EXPECT_EQ(count(QStringLiteral("C_STORESCHOOL"), QStringLiteral("STORECD = '01'")), 3);
+    EXPECT_EQ(codes(served), (QStringList{"001", "003", "002"}));
+
+    exec(QStringLiteral("DROP TRIGGER refuse"));
+    clickToolButton(mainWindow(), QStringLiteral("Save"));
+    EXPECT_EQ(storeRows("01"), QStringLiteral("001Ytester,002Ytester,003Ytester"));
+    EXPECT_EQ(list->dataRowCnt(), 1);
 }
 
 TEST_F(Bamas125, theServerTextCarriesNoSqliteSpelling) {

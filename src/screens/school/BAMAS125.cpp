@@ -97,6 +97,10 @@ void BAMAS125::setupScreen() {
     for (QPushButton* button : {cmdLeft, cmdRight}) {
         button->setFixedWidth(36);
     }
+    // What the user types in the name box filters the list; the chosen store's name that a row
+    // click puts there does not, so the list keeps every store after a move.
+    connect(txtFullName, &QLineEdit::textEdited, this,
+            [this] { m_nameFilter = txtFullName->text(); });
     connect(cmdLeft, &QPushButton::clicked, this, &BAMAS125::cmdLeft_Click);
     connect(cmdRight, &QPushButton::clicked, this, &BAMAS125::cmdRight_Click);
     auto* buttons = new QVBoxLayout;
@@ -121,6 +125,7 @@ void BAMAS125::sClearInput(bool fromClear) {
     txtFullName->clear();
     lblStoreName->clear();
     m_storeCode.clear();
+    m_nameFilter.clear();
     clearSchools();
 }
 
@@ -154,8 +159,8 @@ QString BAMAS125::listStatement() const {
         u"                  ON SC.COMPANY = SS.COMPANY AND SC.STORECD = SS.STORECD \n"_s
         u"          WHERE SC.COMPANY = "_s +
         quoted(session().gsCompany) + u" \n"_s;
-    if (!txtFullName->text().trimmed().isEmpty()) {
-        sql += u"            AND STORENAME = "_s + quoted(txtFullName->text()) + u" \n"_s;
+    if (!m_nameFilter.trimmed().isEmpty()) {
+        sql += u"            AND STORENAME = "_s + quoted(m_nameFilter) + u" \n"_s;
     }
     sql += u"        ) SC \n"_s + u"  GROUP BY STORECD, STORENAME, USEYN \n"_s;
     if (chkSerch->isChecked()) {
@@ -305,12 +310,21 @@ void BAMAS125::sSaveQuery() {
         true);
 }
 
+void BAMAS125::moveStarred(Spread* from, Spread* to) {
+    const int below = gfSpreadFilledRows(to, kCode);
+    const int moved = gsSpreadMoveMarked(from, to, kStar, kCode, kStarMark, kSchoolRows);
+    // A moved school arrives without its star: a move back must be asked for anew.
+    for (int row = below + 1; row <= below + moved; ++row) {
+        gsSpreadSetText(to, row, kStar, QString());
+    }
+}
+
 void BAMAS125::cmdLeft_Click() {
-    gsSpreadMoveMarked(SP3, SP2, kStar, kCode, kStarMark, kSchoolRows);
+    moveStarred(SP3, SP2);
     sSaveQuery();
 }
 
 void BAMAS125::cmdRight_Click() {
-    gsSpreadMoveMarked(SP2, SP3, kStar, kCode, kStarMark, kSchoolRows);
+    moveStarred(SP2, SP3);
     sSaveQuery();
 }

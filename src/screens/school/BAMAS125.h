@@ -42,6 +42,8 @@ private:
     static const GridColumns& schoolColumns();
     void clearSchools();
     void toggleStar(Spread* grid, int row);
+    // The starred rows of one list below the filled rows of the other, unstarred.
+    void moveStarred(Spread* from, Spread* to);
 
     Spread* SP1 = nullptr;
     Spread* SP2 = nullptr;
@@ -52,4 +54,6 @@ private:
     // The chosen store: the label shows its name, the code stays here.
     QLabel* lblStoreName = nullptr;
     QString m_storeCode;
+    // The store name typed as a filter (exact); empty lists every store.
+    QString m_nameFilter;
 };
