@@ -26,6 +26,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
+#include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QStatusBar>
 #include <QTimer>
@@ -249,9 +250,13 @@ void Screen::wireInputFields() {
 
 namespace {
 
-// A widget that Enter walks to: a box, a list, a date, an option or a check box. The box inside a
-// list or a date field is part of it; of a group of options only the chosen one is a stop.
+// A widget that Enter walks to: a box (of one line or several), a list, a date, an option or a
+// check box. The box inside a list or a date field is part of it; of a group of options only the
+// chosen one is a stop. A box of several lines keeps Enter for its own line breaks.
 bool isField(const QWidget* w) {
+    if (const auto* lines = qobject_cast<const QPlainTextEdit*>(w)) {
+        return !lines->isReadOnly();
+    }
     const QWidget* parent = w->parentWidget();
     if (qobject_cast<const QLineEdit*>(w)) {
         return !qobject_cast<const QComboBox*>(parent) &&

@@ -227,7 +227,8 @@ TEST_F(Bamas115, holdGoesDownToCommonItemsAndClassificationFollowsBackInUse) {
               QStringLiteral("21"));
 }
 
-TEST_F(Bamas115, aSaleKeepsTheItemAndADeleteTakesItsCommonRowsOnly) {
+TEST_F(Bamas115, aSaleKeepsTheItemAndADeleteAsksFirstAndTakesItsCommonRowsOnly) {
+    // The sale guard comes before the question: a kept item asks nothing.
     clickCell(list, rowOf(QStringLiteral("NG01")), 6);
     QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdDelUnif")), Qt::LeftButton);
     ASSERT_EQ(presenter->boxes.size(), 1);
@@ -237,8 +238,22 @@ TEST_F(Bamas115, aSaleKeepsTheItemAndADeleteTakesItsCommonRowsOnly) {
         count(QStringLiteral("C_UNIFORM"), QStringLiteral("DIVIDE = 'G' AND UNIFORMSEQ = '01'")),
         1);
 
+    // Message 14; "No" deletes nothing and leaves the row loaded.
+    presenter->boxes.clear();
     clickCell(list, rowOf(QStringLiteral("NB01")), 6);
+    presenter->answerNo();
     QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdDelUnif")), Qt::LeftButton);
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(presenter->boxes[0].text, QStringLiteral("삭제 하시겠습니까?"));
+    EXPECT_EQ(
+        count(QStringLiteral("C_UNIFORM"), QStringLiteral("COMPANY = '01' AND SEASON = 'N' AND "
+                                                          "DIVIDE = 'B' AND UNIFORMSEQ = '01'")),
+        2);
+    EXPECT_EQ(box("txtCode")->text(), QStringLiteral("01"));
+
+    presenter->answerYes();
+    QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdDelUnif")), Qt::LeftButton);
+    EXPECT_EQ(presenter->boxes.size(), 2);
     EXPECT_EQ(count(QStringLiteral("C_UNIFORM"),
                     QStringLiteral("COMPANY = '01' AND SEASON = 'N' AND DIVIDE = 'B' AND "
                                    "UNIFORMSEQ = '01'")),
@@ -248,9 +263,82 @@ TEST_F(Bamas115, aSaleKeepsTheItemAndADeleteTakesItsCommonRowsOnly) {
     EXPECT_EQ(count(QStringLiteral("C_SCHOOLUNIFORM")), 3);
     EXPECT_EQ(rowOf(QStringLiteral("NB01")), 0);
 
-    // Nothing loaded: the empty sequence matches no row.
+    // Nothing loaded: no sequence, no question, nothing deleted.
     QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdDelUnif")), Qt::LeftButton);
     EXPECT_EQ(count(QStringLiteral("C_UNIFORM")), 6);
+    EXPECT_EQ(presenter->boxes.size(), 2);
+}
+
+TEST_F(Bamas115, aLoadedRowFindsItsClassAndKindByCodeWhenTwoCodesShareAName) {
+    // A second class and a second kind named like the first ones, worn by a new item.
+    exec(QStringLiteral(
+        "INSERT INTO C_GONGTONG (L_GRP_COD, S_GRP_COD, GRP_NAM, USEYN, DISP_SEQ) VALUES "
+        "('28', '3', '주품목', 'Y', 3);"
+        "INSERT INTO C_COMCODE (COMPANY, L_GRP_COD, S_GRP_COD, GRP_NAM, USEYN, DISP_SEQ) VALUES "
+        "('01', '01', '09', '자켓', 'Y', 9);"
+        "INSERT INTO C_UNIFORM (COMPANY, SEASON, DIVIDE, UNIFORMSEQ, UNIFORMCOMSEQ, UNIFORMNAME, "
+        "UNIFORMBTNVIEW, UNIFORMSPEC, SIZETAB, SUBMAIN, UNITYPE, MIXUNIFORM, USEYN) VALUES "
+        "('01', 'N', 'B', '07', '', '새자켓', '새자켓', '', 'X', '3', '09', '0', 'Y')"));
+    screen->m_Close();
+    QApplication::processEvents();
+    screen = openByNumber<BAMAS115>(115);
+    ASSERT_NE(screen, nullptr);
+    list = child<Spread>(screen, QStringLiteral("SP1"));
+    clickCell(list, rowOf(QStringLiteral("NB07")), 6);
+    EXPECT_EQ(box("txtGT28")->text(), QStringLiteral("3"));
+    EXPECT_EQ(box("txtCGT01")->text(), QStringLiteral("09"));
+    typeText(box("txtSpec"), QStringLiteral("울"));
+    clickToolButton(main.get(), QStringLiteral("Save"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT SUBMAIN || UNITYPE || UNIFORMSPEC FROM C_UNIFORM WHERE "
+                                    "UNIFORMSEQ = '07'")),
+              QStringLiteral("309울"));
+}
+
+TEST_F(Bamas115, paddingRowsSayNothing) {
+    auto* common = child<Spread>(screen, QStringLiteral("SP2"));
+    ASSERT_LT(list->dataRowCnt(), list->maxRows());
+    for (int row = list->dataRowCnt() + 1; row <= list->maxRows(); ++row) {
+        EXPECT_EQ(gfSpreadText(list, row, 11), QString()) << row;
+    }
+    EXPECT_EQ(gfSpreadText(list, rowOf(QStringLiteral("NB03")), 11), QStringLiteral("보류"));
+    ASSERT_EQ(common->maxRows(), 25);
+    for (int row = 1; row <= common->maxRows(); ++row) {
+        EXPECT_EQ(gfSpreadText(common, row, 5), QString()) << row;
+    }
+}
+
+TEST_F(Bamas115, aFailedSaveLogsItsCommandAndKeepsWhatWasTyped) {
+    exec(QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE ON C_UNIFORM "
+                        "BEGIN SELECT RAISE(ABORT, 'locked'); END"));
+    clickCell(list, rowOf(QStringLiteral("NB01")), 6);
+    box("txtName")->clear();
+    typeText(box("txtName"), QStringLiteral("새자켓"));
+    clickToolButton(main.get(), QStringLiteral("Save")); // message 12 answered yes, then refused
+    EXPECT_EQ(presenter->boxes.size(), 2);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT GROUP_CONCAT(ERRPROG, '|') FROM (SELECT ERRPROG FROM "
+                                    "C_ERROR ORDER BY ROWID)")),
+              QStringLiteral("basDatabase : gfbSqlExecuteDB|BAMAS115 : sSaveQuery"));
+    EXPECT_EQ(box("txtName")->text(), QStringLiteral("새자켓"));
+    EXPECT_EQ(box("txtCode")->text(), QStringLiteral("01"));
+
+    exec(QStringLiteral("DROP TRIGGER refuse"));
+    clickToolButton(main.get(), QStringLiteral("Save"));
+    EXPECT_EQ(count(QStringLiteral("C_UNIFORM"), QStringLiteral("UNIFORMNAME = '새자켓'")), 1);
+}
+
+TEST_F(Bamas115, enterReachesTheButtonTextAndThePreviewShowsTheNameAsKept) {
+    QLineEdit* spec = box("txtSpec");
+    spec->setFocus();
+    QTest::keyClick(spec, Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(),
+              child<QPlainTextEdit>(screen, QStringLiteral("txtButName")));
+
+    // Twenty bytes: ten Korean letters of the twelve typed.
+    QLineEdit* name = box("txtName");
+    name->setFocus();
+    typeText(name, QStringLiteral("가나다라마바사아자차카타"));
+    EXPECT_EQ(name->text(), QStringLiteral("가나다라마바사아자차"));
+    EXPECT_EQ(child<QPushButton>(screen, QStringLiteral("cmdButton"))->text(), name->text());
 }
 
 TEST_F(Bamas115, theServerTextCarriesNoSqliteSpelling) {

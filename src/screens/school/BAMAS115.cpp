@@ -61,12 +61,13 @@ const GridColumns& BAMAS115::columns() {
          6,
          Align::Centre,
          {{{u"1"_s, u"혼용"_s}}, QString()}},
+        // A padding row under the list holds nothing and says nothing.
         {u"USEYN"_s,
          u"사용"_s,
          CellType::Static,
          6,
          Align::Centre,
-         {{{u"Y"_s, QString()}}, kOnHold}},
+         {{{u"Y"_s, QString()}, {QString(), QString()}}, kOnHold}},
         {u"COMMON"_s, u"공통"_s, CellType::Check, 6, Align::Centre},
         {u"TRANS"_s, u"전용"_s, CellType::Check, 6, Align::Centre},
         {u"UNCNT"_s, u"UNCNT"_s, CellType::Static, 0},
@@ -89,7 +90,7 @@ const GridColumns& BAMAS115::commonColumns() {
          CellType::Static,
          6,
          Align::Centre,
-         {{{u"Y"_s, u"사용"_s}}, kOnHold}},
+         {{{u"Y"_s, u"사용"_s}, {QString(), QString()}}, kOnHold}},
     };
     return table;
 }
@@ -223,11 +224,12 @@ void BAMAS115::SP1_Click(int row) {
     txtButName->setValue(fromCell(c.value(SP1, row, u"UNIFORMBTNVIEW"_s)));
     cmdButton->setText(txtButName->toPlainText());
     txtSpec->setText(c.value(SP1, row, u"UNIFORMSPEC"_s));
-    m_gt22->setName(c.value(SP1, row, u"SEASON"_s));
-    m_gt23->setName(c.value(SP1, row, u"DIVIDE"_s));
+    // By code, never by name: two codes of one name would send the save to the wrong key.
+    m_gt22->setCode(code.left(1));
+    m_gt23->setCode(code.mid(1, 1));
     m_gt26->setCode(c.value(SP1, row, u"SIZETAB"_s));
-    m_gt28->setName(c.value(SP1, row, u"SUBMAIN"_s));
-    m_cgt01->setName(c.value(SP1, row, u"UNITYPE"_s));
+    m_gt28->setCode(c.value(SP1, row, u"SUBMAINCD"_s));
+    m_cgt01->setCode(c.value(SP1, row, u"UNITYPECD"_s));
     chkMix->setChecked(c.value(SP1, row, u"MIXUNIFORM"_s) == u"1"_s);
     m_form.binding(u"USEYN"_s)->setValue(c.value(SP1, row, u"USEYN"_s) == u"Y"_s ? u"Y"_s : u"N"_s);
     sKeyEnable(lblCode->text().trimmed().isEmpty());
@@ -354,11 +356,18 @@ void BAMAS115::cmdDelUnif_Click() {
     guarded(
         u"cmdDelUnif"_s,
         [this] {
+            // No sequence, no item: nothing to guard and nothing to ask about.
+            if (txtCode->text().trimmed().isEmpty()) {
+                return;
+            }
             // A sale of the base item or of any of its common items keeps it.
             const QString base = lblCode->text().trimmed() + txtCode->text().trimmed();
             if (gfTableCount(u"S_ORDERDETAIL"_s, u"    AND SUBSTRING(UNIFORMCD, 1, 4) = "_s +
                                                      quoted(base) + u" "_s) > 0) {
                 gfsMessage(8080);
+                return;
+            }
+            if (gfsMessage(14) != u"OK"_s) {
                 return;
             }
             // The base row and every common row; schools, prices, stock and exclusive items

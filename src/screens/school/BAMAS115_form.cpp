@@ -106,8 +106,6 @@ QWidget* BAMAS115::buildEditBand() {
     txtButName = new ButtonFaceText(u"txtButName"_s, 20, this);
     cmdButton = buttonFace(u"cmdButton"_s, this);
     txtButName->showOn(cmdButton);
-    connect(txtName, &QLineEdit::textEdited, cmdButton,
-            [this](const QString& text) { cmdButton->setText(text); });
     chkMix = new QCheckBox(u"혼용"_s, this);
     chkMix->setObjectName(u"chkMix"_s);
     auto* cmdDelUnif = new QPushButton(u"복종코드 삭제"_s, this);
@@ -126,6 +124,10 @@ QWidget* BAMAS115::buildEditBand() {
     band->add(1, 0, u"품목"_s, m_form.codeOptions(m_gt28, u"SUBMAIN"_s).required().keptOnClear());
     band->add(1, 1, u"Size탭"_s, m_form.codeOptions(m_gt26, u"SIZETAB"_s).required().keptOnClear());
     band->add(1, 2, u"품명"_s, m_form.text(txtName, u"UNIFORMNAME"_s).required());
+    // Connected after the binding has set the box's byte limit, so the face previews the name
+    // as the box keeps it, not what was typed past the limit.
+    connect(txtName, &QLineEdit::textEdited, cmdButton,
+            [this] { cmdButton->setText(txtName->text()); });
     band->add(2, 0, u"품종"_s, m_form.codeOptions(m_cgt01, u"UNITYPE"_s).required().keptOnClear(),
               2);
     band->add(2, 2, u"사양"_s, m_form.text(txtSpec, u"UNIFORMSPEC"_s));
