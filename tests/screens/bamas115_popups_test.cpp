@@ -249,17 +249,27 @@ TEST_F(Bamas115Popups, oneSchoolIsRefusedAfterTheItemRowIsSavedAndTheLastMovedAw
     });
 }
 
-TEST_F(Bamas115Popups, aNewExclusiveItemIsNumberedPerItemAndOnHoldLeavesTheListsCount) {
+TEST_F(Bamas115Popups, aNewExclusiveItemTakesTheCompanysNextNumberAndItsFirstSaveKeepsItsSchools) {
     inPopup<BAMAS115_Trans>(QStringLiteral("NB01"), 13, [this](BAMAS115_Trans* trans) {
         press(trans, "cmdNew");
         typeText(trans->findChild<QLineEdit*>(QStringLiteral("txtColor")), QStringLiteral("빨강"));
-        press(trans, "cmdSave");
-        auto* items = trans->findChild<Spread*>(QStringLiteral("SP1"));
-        EXPECT_EQ(cellAt(items, 2, 1), QStringLiteral("TS02"));
+        // Schools moved before the first save go in with it.
+        auto* free = trans->findChild<Spread*>(QStringLiteral("SP3"));
+        EXPECT_EQ(schools(free), QStringLiteral("001,003"));
+        clickCell(free, 1, 1);
+        clickCell(free, 2, 1);
+        press(trans, "cmdLeft");
+        EXPECT_TRUE(presenter->boxes.isEmpty());
+        // "TS02" and "TS03" are other items' numbers: the new one is the company's next.
         EXPECT_EQ(trans->findChild<QLabel*>(QStringLiteral("lblCode"))->text(),
-                  QStringLiteral("TS02"));
-        // The other item's group of the same number keeps its schools.
+                  QStringLiteral("TS04"));
+        EXPECT_EQ(scalar(QStringLiteral("SELECT GROUP_CONCAT(SCHOOLCD, ',') FROM (SELECT SCHOOLCD "
+                                        "FROM C_TRANSSCHOOL WHERE TRANSSEQ = '04' ORDER BY 1)")),
+                  QStringLiteral("001,003"));
         EXPECT_EQ(count(QStringLiteral("C_TRANSSCHOOL"), QStringLiteral("TRANSSEQ = '02'")), 2);
+        auto* items = trans->findChild<Spread*>(QStringLiteral("SP1"));
+        EXPECT_EQ(cellAt(items, 2, 1), QStringLiteral("TS04"));
+        EXPECT_EQ(cellAt(items, 2, 9), QStringLiteral("2"));
         for (int row : {1, 2}) {
             clickCell(items, row, 1);
             clickOption(trans->findChild<QRadioButton*>(QStringLiteral("optUSEYN_1")));
@@ -269,6 +279,58 @@ TEST_F(Bamas115Popups, aNewExclusiveItemIsNumberedPerItemAndOnHoldLeavesTheLists
     });
     screen->m_Search();
     EXPECT_EQ(list->model()->value(rowOf(QStringLiteral("NB01")), 13), QStringLiteral("0"));
+}
+
+TEST_F(Bamas115Popups, whenTheNumbersRunOutTheSaveSaysSoAndWritesNothing) {
+    exec(QStringLiteral("INSERT INTO C_TRANSUNIFORM (COMPANY, TRANSCD, TRANSSEQ, UNIFORMCD, USEYN) "
+                        "VALUES ('01', 'TS', '99', 'SU01', 'Y')"));
+    inPopup<BAMAS115_Trans>(QStringLiteral("NB01"), 13, [this](BAMAS115_Trans* trans) {
+        press(trans, "cmdNew");
+        auto* colour = trans->findChild<QLineEdit*>(QStringLiteral("txtColor"));
+        typeText(colour, QStringLiteral("빨강"));
+        press(trans, "cmdSave");
+        ASSERT_EQ(presenter->boxes.size(), 1);
+        EXPECT_TRUE(presenter->boxes[0].text.contains(QStringLiteral("TS99")));
+        EXPECT_EQ(colour->text(), QStringLiteral("빨강"));
+        EXPECT_TRUE(trans->findChild<QLabel*>(QStringLiteral("lblCode"))->text().isEmpty());
+    });
+    EXPECT_EQ(count(QStringLiteral("C_TRANSUNIFORM"), QStringLiteral("UNIFORMCD = 'NB01'")), 1);
+    EXPECT_EQ(count(QStringLiteral("C_ERROR")), 0);
+}
+
+TEST_F(Bamas115Popups, aFailedSaveOfACommonItemKeepsWhatWasTypedAndMovedForASecondTry) {
+    exec(QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON C_SCHOOLUNIFORM "
+                        "BEGIN SELECT RAISE(ABORT, 'locked'); END"));
+    inPopup<BAMAS115_SUB>(QStringLiteral("NB01"), 12, [this](BAMAS115_SUB* sub) {
+        auto* items = sub->findChild<Spread*>(QStringLiteral("SP1"));
+        auto* assigned = sub->findChild<Spread*>(QStringLiteral("SP2"));
+        auto* free = sub->findChild<Spread*>(QStringLiteral("SP3"));
+        clickCell(items, 1, 2);
+        describe(sub, QStringLiteral("특자켓2"));
+        clickCell(free, 1, 1);
+        press(sub, "cmdLeft");
+        ASSERT_EQ(presenter->boxes.size(), 1);
+        EXPECT_EQ(scalar(QStringLiteral("SELECT GROUP_CONCAT(ERRPROG, '|') FROM (SELECT ERRPROG "
+                                        "FROM C_ERROR ORDER BY ROWID)")),
+                  QStringLiteral("basDatabase : gfbSqlExecuteDB|BAMAS115_SUB : sSaveQuery"));
+        EXPECT_EQ(sub->findChild<QLineEdit*>(QStringLiteral("txtComName"))->text(),
+                  QStringLiteral("특자켓2"));
+        EXPECT_EQ(schools(assigned), QStringLiteral("001,003"));
+        EXPECT_EQ(scalar(QStringLiteral("SELECT UNIFORMNAME FROM C_UNIFORM WHERE "
+                                        "UNIFORMCOMSEQ = '01' AND SEASON = 'N'")),
+                  QStringLiteral("동복자켓(특)"));
+        EXPECT_EQ(count(QStringLiteral("C_SCHOOLUNIFORM"), QStringLiteral("UNIFORMCOMSEQ = '01'")),
+                  1);
+
+        exec(QStringLiteral("DROP TRIGGER refuse"));
+        press(sub, "cmdSave");
+        EXPECT_EQ(presenter->boxes.size(), 1);
+        EXPECT_EQ(schools(assigned), QStringLiteral("001,003"));
+    });
+    EXPECT_EQ(scalar(QStringLiteral("SELECT UNIFORMNAME FROM C_UNIFORM WHERE UNIFORMCOMSEQ = '01' "
+                                    "AND SEASON = 'N'")),
+              QStringLiteral("특자켓2"));
+    EXPECT_EQ(count(QStringLiteral("C_SCHOOLUNIFORM"), QStringLiteral("UNIFORMCOMSEQ = '01'")), 2);
 }
 
 TEST_F(Bamas115Popups, theServerTextOfTheSchoolListsCarriesNoSqliteSpelling) {

@@ -321,8 +321,10 @@ void BAMAS115_SUB::sSaveQuery() {
     }
     gsTextCut(txtComName);
     gsTextCut(txtComSpec);
+    // Reloaded from the table only after a commit: after any failure the typed fields and the
+    // schools just moved stay on screen for a second try.
     QString saved;
-    const bool ok = gfTrap(
+    gfTrap(
         u"BAMAS115_SUB : sSaveQuery"_s,
         [this, &saved] {
             const QString use = optON->isChecked() ? u"Y"_s : u"N"_s;
@@ -333,11 +335,11 @@ void BAMAS115_SUB::sSaveQuery() {
             if (!tx.ok()) {
                 return;
             }
-            QString sql;
+            QString sequence;
             if (txtComCode->text().isEmpty()) {
                 // The highest number plus one: a gap left by a delete stays a gap. Past "99" the
                 // number is NULL and the insert is refused.
-                sql = sqlInsert(
+                const QString sql = sqlInsert(
                     kTable,
                     Assignments{{u"COMPANY"_s, quoted(session().gsCompany)},
                                 {u"SEASON"_s, quoted(m_base.season)},
@@ -355,16 +357,21 @@ void BAMAS115_SUB::sSaveQuery() {
                 if (!gfbSqlExecuteDB(sql)) {
                     return;
                 }
-                saved = gfSelectValue(u" SELECT MAX(UNIFORMCOMSEQ) FROM C_UNIFORM "_s + keyWhere())
-                            .trimmed();
+                sequence =
+                    gfSelectValue(u" SELECT MAX(UNIFORMCOMSEQ) FROM C_UNIFORM "_s + keyWhere())
+                        .trimmed();
+                if (sequence.isEmpty()) {
+                    return; // never schools under an empty number
+                }
             } else {
-                saved = txtComCode->text();
-                sql = sqlUpdate(kTable,
-                                texts +
-                                    Assignments{{u"MIXUNIFORM"_s, m_base.mix ? u"'1'"_s : u"'0'"_s},
-                                                {u"USEYN"_s, quoted(use)}} +
-                                    auditOnUpdate(kTable),
-                                keyWhere() + andEquals(u"UNIFORMCOMSEQ"_s, saved));
+                sequence = txtComCode->text();
+                const QString sql =
+                    sqlUpdate(kTable,
+                              texts +
+                                  Assignments{{u"MIXUNIFORM"_s, m_base.mix ? u"'1'"_s : u"'0'"_s},
+                                              {u"USEYN"_s, quoted(use)}} +
+                                  auditOnUpdate(kTable),
+                              keyWhere() + andEquals(u"UNIFORMCOMSEQ"_s, sequence));
                 if (!gfbSqlExecuteDB(sql)) {
                     return;
                 }
@@ -375,7 +382,7 @@ void BAMAS115_SUB::sSaveQuery() {
             if (!sud.isEmpty()) {
                 const QString item = whereCompany() + andEquals(u"DIVIDE"_s, m_base.divide) +
                                      andEquals(u"UNIFORMSEQ"_s, m_base.sequence) +
-                                     andEquals(u"UNIFORMCOMSEQ"_s, saved);
+                                     andEquals(u"UNIFORMCOMSEQ"_s, sequence);
                 QString schools = u" DELETE FROM C_SCHOOLUNIFORM "_s + item +
                                   andEquals(u"SEASON"_s, m_base.season) +
                                   andEquals(u"SUDIVIDE"_s, sud);
@@ -388,7 +395,7 @@ void BAMAS115_SUB::sSaveQuery() {
                                                         {u"SUDIVIDE"_s, quoted(sud)},
                                                         {u"DIVIDE"_s, quoted(m_base.divide)},
                                                         {u"UNIFORMSEQ"_s, quoted(m_base.sequence)},
-                                                        {u"UNIFORMCOMSEQ"_s, quoted(saved)},
+                                                        {u"UNIFORMCOMSEQ"_s, quoted(sequence)},
                                                         {u"USEYN"_s, quoted(use)}} +
                                                 auditOnInsert(u"C_SCHOOLUNIFORM"_s));
                 }
@@ -396,12 +403,12 @@ void BAMAS115_SUB::sSaveQuery() {
                     return;
                 }
             }
-            if (!tx.commit()) {
-                saved.clear();
+            if (tx.commit()) {
+                saved = sequence;
             }
         },
         true);
-    if (!ok || saved.isEmpty()) {
+    if (saved.isEmpty()) {
         return;
     }
     sClearInput();

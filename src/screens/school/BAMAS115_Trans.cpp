@@ -32,6 +32,8 @@ namespace {
 constexpr quint32 kHoldColour = gfRGB(192, 0, 0);
 const QString kTable = u"C_TRANSUNIFORM"_s;
 const QString kPrefix = u"TS"_s;
+// Two digits: "TS01" to "TS99" in a company.
+constexpr int kLastNumber = 99;
 
 QLabel* panel(QWidget* parent, const QString& name, const QString& text) {
     auto* label = new QLabel(text, parent);
@@ -298,10 +300,12 @@ void BAMAS115_Trans::sSaveQuery() {
     for (QLineEdit* box : {txtColor, txtMateril, txtPattern, txtBtn}) {
         gsTextCut(box);
     }
-    bool refused = false;
-    const bool ok = gfTrap(
+    enum class Outcome { Failed, Saved, OneSchool, NumbersUsedUp };
+    Outcome outcome = Outcome::Failed;
+    QString code = lblCode->text();
+    gfTrap(
         u"BAMAS115_Trans : sSaveQuery"_s,
-        [this, &refused] {
+        [this, &outcome, &code] {
             const QString company = quoted(session().gsCompany);
             const QString item = lblUniformCd->text().trimmed();
             const Assignments fields{{u"COLOR"_s, quoted(txtColor->text())},
@@ -309,48 +313,58 @@ void BAMAS115_Trans::sSaveQuery() {
                                      {u"BUTTON"_s, quoted(txtBtn->text())},
                                      {u"PATTERN"_s, quoted(txtPattern->text())},
                                      {u"USEYN"_s, optUSEYN[0]->isChecked() ? u"'Y'"_s : u"'N'"_s}};
+            // The school lists hang on "TS" and the number alone (C_TRANSSCHOOL has no item
+            // code), so the number is the company's: the next after the greatest of any item.
+            const QString numbered = whereCompany() + andEquals(u"TRANSCD"_s, kPrefix);
             Transaction tx;
             if (!tx.ok()) {
                 return;
             }
-            const QString scope =
-                whereCompany() + andEquals(u"TRANSCD"_s, kPrefix) + andEquals(u"UNIFORMCD"_s, item);
-            if (lblCode->text().isEmpty()) {
-                // Numbered per item code; past "99" the number is NULL and the insert refused.
+            if (code.isEmpty()) {
+                RecordSet rs;
+                if (!gfbSqlSelectDB(u" SELECT MAX(TRANSSEQ) FROM C_TRANSUNIFORM "_s +
+                                        dialect().nolock() + numbered,
+                                    rs)) {
+                    return;
+                }
+                const int greatest = rs.eof() ? 0 : rs.value(0).trimmed().toInt();
+                if (greatest >= kLastNumber) {
+                    outcome = Outcome::NumbersUsedUp;
+                    return;
+                }
                 const QString sql = sqlInsert(
                     kTable,
                     Assignments{{u"COMPANY"_s, company},
                                 {u"TRANSCD"_s, quoted(kPrefix)},
-                                {u"TRANSSEQ"_s, nextCodeByMax(kTable, u"TRANSSEQ"_s, 2, scope)},
+                                {u"TRANSSEQ"_s, nextCodeByMax(kTable, u"TRANSSEQ"_s, 2, numbered)},
                                 {u"UNIFORMCD"_s, quoted(item)}} +
                         fields + auditOnInsert(kTable));
-                if (!gfbSqlExecuteDB(sql) || !tx.commit()) {
+                if (!gfbSqlExecuteDB(sql)) {
                     return;
                 }
-                // The new item is chosen at once, its group's schools listed as stored: schools
-                // are never written under an empty code, nor a number's schools replaced that
-                // another item's exclusive group already holds.
-                lblCode->setText(kPrefix + gfSelectValue(u" SELECT MAX(TRANSSEQ) FROM "
-                                                         u"C_TRANSUNIFORM "_s +
-                                                         scope)
-                                               .trimmed());
-                sSelectQuery();
-                sSelectQuery2();
+                const QString number =
+                    gfSelectValue(u" SELECT MAX(TRANSSEQ) FROM C_TRANSUNIFORM "_s + numbered)
+                        .trimmed();
+                if (number.isEmpty()) {
+                    return; // never schools under an empty code
+                }
+                code = kPrefix + number;
+            } else if (!gfbSqlExecuteDB(sqlUpdate(kTable, fields + auditOnUpdate(kTable),
+                                                  whereCompany() + u"    AND "_s +
+                                                      dialect().cat({u"TRANSCD"_s, u"TRANSSEQ"_s}) +
+                                                      u" = "_s + quoted(code) +
+                                                      andEquals(u"UNIFORMCD"_s, item)))) {
                 return;
             }
-            if (!gfbSqlExecuteDB(sqlUpdate(
-                    kTable, fields + auditOnUpdate(kTable),
-                    whereCompany() + u"    AND "_s + dialect().cat({u"TRANSCD"_s, u"TRANSSEQ"_s}) +
-                        u" = "_s + quoted(lblCode->text()) + andEquals(u"UNIFORMCD"_s, item)))) {
-                return;
-            }
+            // The schools moved so far, a new item's included. A group of one school is
+            // refused but the item row is kept; no school at all is fine.
             const QStringList schools = pickedSchoolCodes(SP2, schoolColumns());
-            // A group of one school is refused, but the item row is kept; no schools is fine.
             if (schools.size() == 1) {
-                refused = tx.commit();
+                if (tx.commit()) {
+                    outcome = Outcome::OneSchool;
+                }
                 return;
             }
-            const QString code = lblCode->text();
             QString sql = u" DELETE FROM C_TRANSSCHOOL "_s + whereCompany() + u"    AND "_s +
                           dialect().cat({u"TRANSCD"_s, u"TRANSSEQ"_s}) + u" = "_s + quoted(code);
             for (const QString& school : schools) {
@@ -361,13 +375,26 @@ void BAMAS115_Trans::sSaveQuery() {
                                                              {u"SCHOOLCD"_s, quoted(school)}});
             }
             if (gfbSqlExecuteDB(sql) && tx.commit()) {
-                sSelectQuery();
+                outcome = Outcome::Saved;
             }
         },
         true);
-    if (ok && refused) {
+    switch (outcome) {
+    case Outcome::Failed:
+        // Nothing written: what was typed and moved stays for a second try.
+        return;
+    case Outcome::NumbersUsedUp:
+        gfsMsgBox(u"전용코드(TS01~TS99)를 모두 사용하여 더 등록할 수 없습니다."_s);
+        return;
+    case Outcome::OneSchool:
+        lblCode->setText(code);
         gfsMessage(8001);
+        sSelectQuery(); // the grid keeps the moved row, as the operator left it
+        return;
+    case Outcome::Saved:
+        lblCode->setText(code);
         sSelectQuery();
+        return;
     }
 }
 
