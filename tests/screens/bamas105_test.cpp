@@ -347,17 +347,22 @@ TEST_F(Bamas105, enterWalksTheBandAsItReadsPastTheOptionsAndRoundToTheKind) {
     EXPECT_TRUE(walked.contains(QStringLiteral("cboSet10")));
 }
 
-TEST_F(Bamas105, fullWidthDigitsTypedIntoThePortAreSavedAsTheNumber) {
+TEST_F(Bamas105, fullWidthDigitsTypedIntoThePortAndTheSpeedAreSavedAsDigits) {
     clickRow(1);
     QLineEdit* port = box("txtPortNo");
     port->setFocus();
     port->clear();
     typeText(port, QStringLiteral("１２"));
     EXPECT_EQ(port->text(), QStringLiteral("12"));
+    QLineEdit* speed = box("txtSpeed");
+    speed->setFocus();
+    speed->clear();
+    typeText(speed, QStringLiteral("１９２００"));
+    EXPECT_EQ(speed->text(), QStringLiteral("19200"));
     clickToolButton(mainWindow(), QStringLiteral("Save"));
-    EXPECT_EQ(scalar(QStringLiteral("SELECT PRTPORT FROM C_STORE WHERE COMPANY = '01' AND "
-                                    "STORECD = '01'")),
-              QStringLiteral("12"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT PRTPORT || '|' || PRTSPEED FROM C_STORE WHERE "
+                                    "COMPANY = '01' AND STORECD = '01'")),
+              QStringLiteral("12|19200"));
 }
 
 TEST_F(Bamas105, theListIsFilledUnderTheWaitCursor) {

@@ -138,7 +138,18 @@ QWidget* BAMAS105::buildEditBand() {
                   .byDefault(u"N"_s));
     band->add(7, 0, u"프린터 포트"_s, m_form.number(txtPortNo, u"PRTPORT"_s).byDefault(u"1"_s));
     band->add(7, 1, u"통신형태"_s, m_form.choice(cboPort, u"PRTTYPE"_s));
-    band->add(7, 2, u"속도"_s, text("txtSpeed", "PRTSPEED").byDefault(u"9600"_s));
+    // The speed is kept as text but the till reads it as a number: digits of a Korean input
+    // method's full width become ASCII as they are typed, as in the number boxes.
+    QLineEdit* txtSpeed = textBox(u"txtSpeed"_s);
+    connect(txtSpeed, &QLineEdit::textEdited, txtSpeed, [txtSpeed] {
+        const QString ascii = gfHalfWidth(txtSpeed->text());
+        if (ascii != txtSpeed->text()) {
+            const int caret = txtSpeed->cursorPosition();
+            txtSpeed->setText(ascii);
+            txtSpeed->setCursorPosition(caret);
+        }
+    });
+    band->add(7, 2, u"속도"_s, m_form.text(txtSpeed, u"PRTSPEED"_s).byDefault(u"9600"_s));
     band->addWide(8, buildSettings());
     return band;
 }
