@@ -2,6 +2,7 @@
 // DIR/torvix.db (schema, then the chain) and prints the time taken and the rows per table.
 // torvix-demo --ddl sqlserver|sqlite: prints the DDL of both databases (TORVIX and UPDATE).
 
+#include "data/demo/ddlscript.h"
 #include "data/demo/demochain.h"
 #include "data/recordset.h"
 #include "data/schema/schema.h"
@@ -16,42 +17,6 @@
 #include <QFileInfo>
 
 #include <cstdio>
-
-namespace {
-
-// The server's databases hold Korean in VARCHAR columns and the statements compare them with
-// Korean literals, so both need a Korean collation (code page 949).
-constexpr char kServerCollation[] = "Korean_Wansung_CI_AS";
-
-// One script for sqlcmd: each database made when missing and refused when its collation is not
-// Korean, then its tables, views and functions.
-QString serverScript() {
-    const QString collation = QString::fromLatin1(kServerCollation);
-    QString script =
-        QStringLiteral("-- TORVIX operations: the two databases on SQL Server. Load with\n"
-                       "--   sqlcmd -S <server> -U <user> -b -i torvix-server.sql\n");
-    for (const QString& database : {QStringLiteral("TORVIX"), QStringLiteral("UPDATE")}) {
-        const QString name = QLatin1Char('[') + database + QLatin1Char(']');
-        script += QStringLiteral("\nIF DB_ID('%1') IS NULL CREATE DATABASE %2 COLLATE %3;\nGO\n"
-                                 "IF CONVERT(VARCHAR(128), DATABASEPROPERTYEX('%1', 'Collation')) "
-                                 "NOT LIKE 'Korean%'\n"
-                                 "    RAISERROR('Database %1 needs a Korean collation such as "
-                                 "%3.', 16, 1);\nGO\nUSE %2;\nGO\n")
-                      .arg(database, name, collation) +
-                  schemaDdl(database, true);
-        if (!script.endsWith(QLatin1String("GO\n"))) {
-            script += QStringLiteral("GO\n");
-        }
-    }
-    return script;
-}
-
-QString sqliteScript() {
-    return QStringLiteral("-- torvix.db\n") + schemaDdl(QStringLiteral("TORVIX"), false) +
-           QStringLiteral("\n-- update.db\n") + schemaDdl(QStringLiteral("UPDATE"), false);
-}
-
-} // namespace
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
@@ -87,7 +52,7 @@ int main(int argc, char** argv) {
             return 2;
         }
         const QByteArray text =
-            (engine == QLatin1String("sqlserver") ? serverScript() : sqliteScript()).toUtf8();
+            engine == QLatin1String("sqlserver") ? serverDdlFile() : sqliteDdlScript().toUtf8();
         std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
         return 0;
     }

@@ -1,4 +1,5 @@
 #include "data/database.h"
+#include "data/demo/ddlscript.h"
 #include "data/demo/demochain.h"
 #include "data/recordset.h"
 #include "data/schema/schema.h"
@@ -7,6 +8,7 @@
 #include "support/testdb.h"
 
 #include <QCryptographicHash>
+#include <QFile>
 
 namespace {
 
@@ -163,6 +165,29 @@ TEST_F(DemoTest, slipsKeepTheTillsRules) {
                 "GS.BILLNO "
                 "AND OH.SCHOOLCD = GS.SCHOOLCD AND OH.G2BAMT > 0 AND OH.CUSTNAME = GS.STUDNAME)")),
         0);
+}
+
+TEST(DemoDdl, theServerScriptSaysWhatTheReadmeSaysAndReadsAsUtf8WithoutTheFlag) {
+    const QByteArray file = serverDdlFile();
+    // A byte-order mark: sqlcmd reads the file as UTF-8 even without "-f 65001".
+    ASSERT_TRUE(file.startsWith("\xEF\xBB\xBF"));
+    const QString script = QString::fromUtf8(file.mid(3));
+    EXPECT_TRUE(script.contains(QStringLiteral("'완료'")));
+
+    QFile readme(QStringLiteral(TORVIX_FIXTURES "/../../README.md"));
+    ASSERT_TRUE(readme.open(QIODevice::ReadOnly | QIODevice::Text));
+    QString command;
+    for (const QString& line : QString::fromUtf8(readme.readAll()).split(QLatin1Char('\n'))) {
+        if (line.startsWith(QStringLiteral("sqlcmd "))) {
+            command = line.trimmed();
+        }
+    }
+    ASSERT_TRUE(command.contains(QStringLiteral(" -f 65001 ")));
+    // The header's command takes the README's options, server and user left to the DBA.
+    const QString options = command.mid(command.indexOf(QStringLiteral(" -b ")));
+    const QString header = script.section(QLatin1Char('\n'), 0, 5);
+    EXPECT_TRUE(header.contains(QStringLiteral("sqlcmd -S <server> -U <user>") + options))
+        << header.toStdString();
 }
 
 } // namespace
