@@ -167,6 +167,55 @@ TEST_F(DemoTest, slipsKeepTheTillsRules) {
         0);
 }
 
+TEST_F(DemoTest, exclusiveGroupsHaveTheirOwnNumbersAndTwoSchoolsOrMore) {
+    generateDemoChain(*session().gDb, 2, 1, kDay);
+    ASSERT_GT(count(QStringLiteral("C_TRANSUNIFORM")), 1);
+    // One item a number: the school list of a number belongs to one item.
+    EXPECT_EQ(scalar(QStringLiteral("SELECT COUNT(*) FROM (SELECT TRANSSEQ FROM C_TRANSUNIFORM "
+                                    "GROUP BY COMPANY, TRANSCD, TRANSSEQ HAVING COUNT(*) > 1)")),
+              QStringLiteral("0"));
+    EXPECT_EQ(count(QStringLiteral("C_TRANSUNIFORM TU"),
+                    QStringLiteral("(SELECT COUNT(*) FROM C_TRANSSCHOOL TS WHERE TS.COMPANY = "
+                                   "TU.COMPANY AND TS.TRANSCD = TU.TRANSCD AND TS.TRANSSEQ = "
+                                   "TU.TRANSSEQ) < 2")),
+              0);
+    // And each school of a group wears the item.
+    EXPECT_EQ(count(QStringLiteral("C_TRANSSCHOOL TS"),
+                    QStringLiteral(
+                        "NOT EXISTS (SELECT 1 FROM C_TRANSUNIFORM TU, C_SCHOOLUNIFORM SU WHERE "
+                        "TU.COMPANY = TS.COMPANY AND TU.TRANSSEQ = TS.TRANSSEQ AND SU.COMPANY = "
+                        "TS.COMPANY AND SU.SCHOOLCD = TS.SCHOOLCD AND RTRIM(SU.SEASON) || "
+                        "RTRIM(SU.DIVIDE) || RTRIM(SU.UNIFORMSEQ) || RTRIM(SU.UNIFORMCOMSEQ) = "
+                        "TU.UNIFORMCD)")),
+              0);
+}
+
+TEST_F(DemoTest, recentOrdersStandPartlyReceivedAndStoresSellAsTheirSizeGoes) {
+    generateDemoChain(*session().gDb, 2, 1, kDay);
+    // Order lines of the last three weeks with goods booked in and some still to come.
+    const QString remainder = QStringLiteral(
+        "O.ORDERDT >= '20250201' AND O.FINISHGB IN ('A', 'I') AND EXISTS (SELECT 1 FROM "
+        "T_INBOUND I WHERE I.COMPANY = O.COMPANY AND I.STORECD = O.STORECD AND I.ORDERDT = "
+        "O.ORDERDT AND I.ORDERSEQ = O.ORDERSEQ AND I.%1 < O.%2)");
+    QStringList shortBySize;
+    for (int size = 1; size <= 24; ++size) {
+        const QString n = QStringLiteral("%1").arg(size, 2, 10, QLatin1Char('0'));
+        shortBySize << remainder.arg(QStringLiteral("I") + n, QStringLiteral("O") + n);
+    }
+    const qint64 open = count(QStringLiteral("T_ORDER O"),
+                              QStringLiteral("(") + shortBySize.join(QStringLiteral(") OR (")) +
+                                  QStringLiteral(")"));
+    EXPECT_GE(open, qint64(count(QStringLiteral("C_STORE")) * 3));
+    // Slips by store differ: the busiest store sells well over the quietest.
+    const qint64 most = scalar(QStringLiteral("SELECT MAX(N) FROM (SELECT COUNT(*) N FROM "
+                                              "S_ORDERHEAD GROUP BY STORECD)"))
+                            .toLongLong();
+    const qint64 least = scalar(QStringLiteral("SELECT MIN(N) FROM (SELECT COUNT(*) N FROM "
+                                               "S_ORDERHEAD GROUP BY STORECD)"))
+                             .toLongLong();
+    EXPECT_GT(most, least * 3 / 2);
+}
+
 TEST(DemoDdl, theServerScriptSaysWhatTheReadmeSaysAndReadsAsUtf8WithoutTheFlag) {
     const QByteArray file = serverDdlFile();
     // A byte-order mark: sqlcmd reads the file as UTF-8 even without "-f 65001".

@@ -543,34 +543,61 @@ private:
         ss.flush();
         notice.flush();
 
-        // Exclusive uniforms: colour and cloth of a few items for a handful of schools.
+        // Exclusive uniforms: a jacket or vest in a colour and cloth of its own for a group of
+        // two or three schools that wear it. The school lists hang on the number alone, so each
+        // group has the company's next number.
         DemoTable tu(m_db, "C_TRANSUNIFORM",
                      "COMPANY, TRANSCD, TRANSSEQ, UNIFORMCD, COLOR, MATERIL, BUTTON, PATTERN, "
                      "USEYN, REGDT, REGUSER, UPDDT, UPDUSER");
         DemoTable ts(m_db, "C_TRANSSCHOOL", "COMPANY, TRANSCD, TRANSSEQ, SCHOOLCD");
-        const int exclusive = std::min(int(m_schools.size()), 4 + m_scale);
-        for (int seq = 1; seq <= std::min(99, exclusive); ++seq) {
-            const School& school = m_schools[size_t((seq * 7) % int(m_schools.size()))];
-            for (int k : school.items) {
+        const int groups = std::min({99, int(m_schools.size()), 4 + m_scale});
+        int number = 0;
+        for (int g = 1; g <= groups && number < 99; ++g) {
+            const int first = (g * 7) % int(m_schools.size());
+            std::vector<int> worn;
+            for (int k : m_schools[size_t(first)].items) {
                 const Item& item = m_items[size_t(k)];
-                if (item.unitype != "01" && item.unitype != "02") {
-                    continue;
+                if (item.inUse && (item.unitype == "01" || item.unitype == "02")) {
+                    worn.push_back(k);
                 }
-                tu.add(r.t(kCompany)
-                           .t("TS")
-                           .t(twoDigits(seq))
-                           .t(item.code())
-                           .t(m_rng.pick(kColours))
-                           .t(m_rng.pick(kFabrics))
-                           .t(twoDigits(m_rng.between(2, 6)))
-                           .t(m_rng.pick(kPatterns))
-                           .t("Y")
-                           .t(since)
-                           .t(kDemoUserId)
-                           .t(since)
-                           .t(kDemoUserId));
             }
-            ts.add(r.t(kCompany).t("TS").t(twoDigits(seq)).t(school.code));
+            if (worn.empty()) {
+                continue;
+            }
+            const int k = worn[size_t(m_rng.below(int(worn.size())))];
+            const Item& item = m_items[size_t(k)];
+            // The school and the next ones that wear the item too.
+            std::vector<int> members{first};
+            const int wanted = 2 + m_rng.below(2);
+            for (int step = 1; step < int(m_schools.size()) && int(members.size()) < wanted;
+                 ++step) {
+                const int other = (first + step * 3) % int(m_schools.size());
+                const auto& items = m_schools[size_t(other)].items;
+                if (std::find(members.begin(), members.end(), other) == members.end() &&
+                    std::find(items.begin(), items.end(), k) != items.end()) {
+                    members.push_back(other);
+                }
+            }
+            if (members.size() < 2) {
+                continue;
+            }
+            const string seq = twoDigits(++number);
+            tu.add(r.t(kCompany)
+                       .t("TS")
+                       .t(seq)
+                       .t(item.code())
+                       .t(m_rng.pick(kColours))
+                       .t(m_rng.pick(kFabrics))
+                       .t(twoDigits(m_rng.between(2, 6)))
+                       .t(m_rng.pick(kPatterns))
+                       .t("Y")
+                       .t(since)
+                       .t(kDemoUserId)
+                       .t(since)
+                       .t(kDemoUserId));
+            for (int member : members) {
+                ts.add(r.t(kCompany).t("TS").t(seq).t(m_schools[size_t(member)].code));
+            }
         }
         tu.flush();
         ts.flush();
@@ -1145,6 +1172,62 @@ private:
         }
     }
 
+    // Weeks in which a shop's orders still stand open in part.
+    static constexpr int kRecentDays = 21;
+
+    // A shop in season tops its shelves up every week: a few lines are reordered for the weeks
+    // ahead, and the goods come in part, the rest of the order still to come. Only receipts:
+    // the stock never goes below what was there.
+    void topUp(Tables& t, Store& store, const QDate& day) {
+        const std::vector<std::pair<int, int>> lines = storeLines(store);
+        if (lines.empty() || m_newestYear == 0) {
+            return;
+        }
+        const int start = m_rng.below(int(lines.size()));
+        int ordered = 0;
+        for (int n = 0; n < int(lines.size()) && ordered < 3; ++n) {
+            const auto [school, k] = lines[size_t((start + n) % int(lines.size()))];
+            const int index = stockLine(store, school, k, m_newestYear);
+            const int labels = std::min(24, m_lines[size_t(index)].labels);
+            if (labels == 0) {
+                continue;
+            }
+            std::array<double, 24> expected{};
+            expectLine(expected, store, school, k, m_newestYear, day, day.addDays(45));
+            std::array<int, 24> q{};
+            int total = 0;
+            for (int p = 0; p < labels; ++p) {
+                q[size_t(p)] = std::max(0, toBuy(expected[size_t(p)]) -
+                                               m_lines[size_t(index)].onHand[size_t(p)]);
+                total += q[size_t(p)];
+            }
+            if (total < 2) {
+                // A full shelf all the same takes a few of the middle sizes.
+                q[size_t(labels / 2)] += 2;
+                q[size_t(std::max(0, labels / 2 - 1))] += 1;
+            }
+            // Three in five of each size now, at least one size in full when that is none.
+            std::array<int, 24> now{};
+            bool some = false;
+            for (int p = 0; p < labels; ++p) {
+                now[size_t(p)] = q[size_t(p)] * 3 / 5;
+                some = some || now[size_t(p)] > 0;
+            }
+            for (int p = 0; !some && p < labels; ++p) {
+                if (q[size_t(p)] > 0) {
+                    now[size_t(p)] = q[size_t(p)];
+                    some = true;
+                }
+            }
+            const QDate orderDay = std::max(m_first, day.addDays(-m_rng.between(3, 8)));
+            const StockLine& line = m_lines[size_t(index)];
+            const int seq = writeOrder(t, store, line, orderDay, q, m_rng.percent(50) ? "I" : "A");
+            writeReceipt(t, store, line, day, now, orderDay, seq);
+            addTo(m_lines[size_t(index)], now);
+            ++ordered;
+        }
+    }
+
     // The line and size position a sold piece is taken from, as the stock report sees it. A
     // common item counts where the report gathers it; where the report cannot see the sale (the
     // greatest school offering the item is not served here, or has no such label), the piece
@@ -1421,15 +1504,30 @@ private:
             m_daySummer.push_back(summerDay(d));
         }
         // About 1,600 slips of 3.5 lines each per scale step, the same days busy in every store.
+        // A store sells as its size goes: by the schools it serves and a footfall of its own,
+        // from a third to twice the chain's mean.
         const long long slipsWanted = 1600LL * m_scale;
+        std::vector<double> storeSize;
+        double sizeSum = 0.0;
+        for (const Store& store : m_stores) {
+            static const double footfall[] = {0.4, 0.6, 0.8, 1.0, 1.0, 1.3, 1.6, 2.0};
+            storeSize.push_back(double(store.schools.size()) * m_rng.pick(footfall));
+            sizeSum += storeSize.back();
+        }
         const double perStoreWeight =
             double(slipsWanted) / double(m_stores.size()) / double(weightSum);
-        double carry = 0.0;
-        for (int w : weights) {
-            carry += perStoreWeight * w;
-            m_slipsPerDay.push_back(int(carry));
-            carry -= m_slipsPerDay.back();
-        }
+        const auto slipsPerDayOf = [&](int si) {
+            const double weight =
+                perStoreWeight * storeSize[size_t(si)] * double(m_stores.size()) / sizeSum;
+            std::vector<int> perDay;
+            double carry = 0.0;
+            for (int w : weights) {
+                carry += weight * w;
+                perDay.push_back(int(carry));
+                carry -= perDay.back();
+            }
+            return perDay;
+        };
         // The greatest school offering each common item: the report keeps its stock there.
         m_commonSchool.assign(m_items.size(), -1);
         for (int s = 0; s < int(m_schools.size()); ++s) {
@@ -1440,6 +1538,7 @@ private:
         const std::vector<QDate> buys = buyingDays();
         for (int si = 0; si < int(m_stores.size()); ++si) {
             Store& store = m_stores[size_t(si)];
+            m_slipsPerDay = slipsPerDayOf(si);
             m_lines.clear();
             m_lineIndex.clear();
             m_pending.clear();
@@ -1465,6 +1564,9 @@ private:
                     buy();
                 }
                 bookPending(t, store, d);
+                if (d.daysTo(m_today) < kRecentDays && d.dayOfWeek() == 2) {
+                    topUp(t, store, d);
+                }
                 for (int n = 1; n <= m_slipsPerDay[size_t(dayIndex)]; ++n) {
                     slip(t, store, d, n);
                 }
