@@ -29,11 +29,13 @@ public:
     void setLockWait(int milliseconds) override;
 
     sqlite3* handle() const { return m_db; }
+    // Restarts the statement clock: a caller that steps statements of its own on handle() calls
+    // it before each, so that the time limit counts that statement alone.
+    void startClock();
     QString path() const { return m_path; }
 
 private:
     [[noreturn]] void fail(int code) const;
-    void startClock();
     static int progress(void* self);
 
     sqlite3* m_db = nullptr;

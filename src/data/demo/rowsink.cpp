@@ -17,7 +17,9 @@ namespace {
 
 class SqliteImpl : public DemoTable::Impl {
 public:
-    SqliteImpl(sqlite3* db, const QString& table, const QStringList& columns) : m_db(db) {
+    SqliteImpl(SqliteDatabase& database, const QString& table, const QStringList& columns)
+        : m_database(database), m_db(database.handle()) {
+        sqlite3* db = m_db;
         QStringList marks;
         for (qsizetype i = 0; i < columns.size(); ++i) {
             marks << QStringLiteral("?");
@@ -49,6 +51,8 @@ public:
                 break;
             }
         }
+        // Each row is a statement of its own: the time limit is the row's, not the whole chain's.
+        m_database.startClock();
         const int rc = sqlite3_step(m_stmt);
         sqlite3_reset(m_stmt);
         if (rc != SQLITE_DONE) {
@@ -58,6 +62,7 @@ public:
     void flush() override {}
 
 private:
+    SqliteDatabase& m_database;
     sqlite3* m_db;
     sqlite3_stmt* m_stmt = nullptr;
 };
@@ -112,7 +117,7 @@ DemoTable::DemoTable(Database& db, const char* table, const char* columns) {
         column = column.trimmed();
     }
     if (auto* sqlite = dynamic_cast<SqliteDatabase*>(&db)) {
-        m_impl = std::make_unique<SqliteImpl>(sqlite->handle(), name, names);
+        m_impl = std::make_unique<SqliteImpl>(*sqlite, name, names);
     } else {
         m_impl = std::make_unique<TextImpl>(db, name, names);
     }
