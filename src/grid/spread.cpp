@@ -406,8 +406,31 @@ QString Spread::copyText() const {
 
 namespace {
 
+// The quote that closes a cell opened by the quote at `open`: the first quote after it that is
+// not doubled, if a tab, a line break or the end of the text follows it; -1 otherwise.
+qsizetype closingQuote(const QString& text, qsizetype open) {
+    for (qsizetype i = open + 1; i < text.size(); ++i) {
+        if (text.at(i) != QLatin1Char('"')) {
+            continue;
+        }
+        if (i + 1 < text.size() && text.at(i + 1) == QLatin1Char('"')) {
+            ++i;
+            continue;
+        }
+        const bool last = i + 1 == text.size();
+        const QChar next = last ? QChar() : text.at(i + 1);
+        return last || next == QLatin1Char('\t') || next == QLatin1Char('\n') ||
+                       next == QLatin1Char('\r')
+                   ? i
+                   : -1;
+    }
+    return -1;
+}
+
 // Rows of tab-separated cells as spreadsheets put them on the clipboard: lines end in "\n" or
-// "\r\n", a cell in double quotes may hold tabs, line breaks and doubled quotes.
+// "\r\n", a cell in double quotes may hold tabs, line breaks and doubled quotes. A quote that
+// opens a cell without a closing one is a character of the cell, so that one stray quote
+// cannot swallow the rows after it.
 QList<QStringList> splitTabbed(const QString& text) {
     QList<QStringList> rows;
     QStringList row;
@@ -425,7 +448,7 @@ QList<QStringList> splitTabbed(const QString& text) {
             } else {
                 cell += c;
             }
-        } else if (c == QLatin1Char('"') && cell.isEmpty()) {
+        } else if (c == QLatin1Char('"') && cell.isEmpty() && closingQuote(text, i) > i) {
             quoted = true;
         } else if (c == QLatin1Char('\t')) {
             row << cell;

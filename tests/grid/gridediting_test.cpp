@@ -74,3 +74,22 @@ TEST(GridEditing, aPasteIsCutToTheColumnsBytesAndAddsNoRows) {
     EXPECT_EQ(g.cell(4, u"C02"_s), u"110"_s);
     EXPECT_EQ(gfByteCut(u"가😀"_s, 3), u"가"_s); // a character outside the page is never halved
 }
+
+TEST(GridEditing, aStrayQuoteIsACharacterAndSwallowsNoRowAfterIt) {
+    LabelGrid g;
+    g.grid.setPasteAddsRows(true);
+    clickCell(&g.grid, 1, 2);
+    // Cells that begin with a quote that nothing closes, then a quoted cell with a doubled quote,
+    // a tab and a line break inside, as spreadsheets copy it.
+    QApplication::clipboard()->setText(u"\"95\t100\n\"A\tB\n\"x\"\"y\tz\nw\"\t7\n8\t\"\n"_s);
+    QTest::keyClick(g.grid.view(), Qt::Key_V, Qt::ControlModifier);
+    ASSERT_EQ(g.grid.maxRows(), 4);
+    EXPECT_EQ(g.cell(1, u"C01"_s), u"\"95"_s);
+    EXPECT_EQ(g.cell(1, u"C02"_s), u"100"_s);
+    EXPECT_EQ(g.cell(2, u"C01"_s), u"\"A"_s);
+    EXPECT_EQ(g.cell(2, u"C02"_s), u"B"_s);
+    EXPECT_EQ(g.cell(3, u"C01"_s), u"x\"y\tz\nw"_s);
+    EXPECT_EQ(g.cell(3, u"C02"_s), u"7"_s);
+    EXPECT_EQ(g.cell(4, u"C01"_s), u"8"_s);
+    EXPECT_EQ(g.cell(4, u"C02"_s), u"\""_s); // a lone quote at the very end
+}
