@@ -6,9 +6,11 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QToolTip>
 
 // One view of the grid's model. The main view scrolls; three more lie over it for the frozen
 // band: the heading rows and frozen rows on top, the row heading and frozen columns on the
@@ -89,6 +91,20 @@ public:
         }
     }
 
+    // The editor open on the grid, if any.
+    QWidget* openEditor() const {
+        if (state() != EditingState) {
+            return nullptr;
+        }
+        const auto children = viewport()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+        for (QWidget* child : children) {
+            if (child->isVisible()) {
+                return child;
+            }
+        }
+        return nullptr;
+    }
+
     // Commits the cell being typed into and closes its editor, as leaving the cell would.
     void finishEditing() {
         if (state() != EditingState) {
@@ -120,6 +136,34 @@ protected:
             return;
         }
         QTableView::keyPressEvent(event);
+    }
+
+    // A composition (Korean) that starts on a cell whose editor is closed opens the editor and
+    // reaches it whole: the input method goes on talking to the view until it commits, so what
+    // comes while the editor is open is passed on to it rather than dropped.
+    void inputMethodEvent(QInputMethodEvent* event) override {
+        if (QWidget* editor = openEditor()) {
+            QApplication::sendEvent(editor, event);
+            if (!event->commitString().isEmpty() || event->preeditString().isEmpty()) {
+                editor->setFocus(); // the composition is over: the editor takes the keys
+            }
+            return;
+        }
+        if (event->preeditString().isEmpty() && event->commitString().isEmpty()) {
+            event->ignore();
+            return;
+        }
+        // Opens the editor and hands it the event.
+        if (!edit(currentIndex(), AnyKeyPressed, event)) {
+            event->ignore();
+        }
+    }
+
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override {
+        if (QWidget* editor = openEditor()) {
+            return editor->inputMethodQuery(query);
+        }
+        return QTableView::inputMethodQuery(query);
     }
 
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override {
