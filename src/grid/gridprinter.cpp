@@ -8,6 +8,7 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrinter>
+#include <QSet>
 
 #include <algorithm>
 #include <cmath>
@@ -30,6 +31,12 @@ QFont pixelFont(const QFont& base, int pixels, bool bold = false) {
 
 double unitsOf(const QRectF& inches) {
     return inches.width() * kUnitsPerInch;
+}
+
+QRectF landscapeOf(const QPrinter* printer) {
+    QPageLayout page = printer->pageLayout();
+    page.setOrientation(QPageLayout::Landscape);
+    return page.paintRect(QPageLayout::Inch);
 }
 
 bool negativeNumber(const QString& text) {
@@ -81,13 +88,36 @@ GridPrinter::Layout GridPrinter::layout(const QPrinter* printer) const {
     const double digit = metrics.horizontalAdvance(QLatin1Char('0'));
     const double line = metrics.lineSpacing();
 
-    // Column 0 holds the row numbers: wide enough for the largest.
-    l.x.push_back(0);
-    for (const int c : m_columns) {
+    // Column 0 holds the row numbers: wide enough for the largest. The others take their width on
+    // screen, widened to the widest text they print: the print font is wider than the screen's,
+    // and a text that shows whole on screen must not come out cut.
+    const QRectF paint = printer->pageLayout().paintRect(QPageLayout::Inch);
+    const double natural = unitsOf(paint);
+    std::vector<double> screen;
+    std::vector<double> wanted;
+    const std::vector<double> texts = textWidths(metrics);
+    for (size_t i = 0; i < m_columns.size(); ++i) {
+        const int c = m_columns[i];
         const double width =
             c == 0 ? metrics.horizontalAdvance(QString::number(qMax(99, model->dataRowCnt()))) + 12
                    : model->columnWidth(c) * digit + 6;
-        l.x.push_back(l.x.back() + width);
+        screen.push_back(width);
+        wanted.push_back(qMax(width, texts[i] + 2 * kPad + 1));
+    }
+    // Within the page width where the screen's widths fit it: the room left is shared out in
+    // proportion to what each column lacks.
+    double screenSum = 0;
+    double wantedSum = 0;
+    for (size_t i = 0; i < screen.size(); ++i) {
+        screenSum += screen[i];
+        wantedSum += wanted[i];
+    }
+    const double page = qMax(natural, unitsOf(landscapeOf(printer)));
+    const double share =
+        wantedSum <= page || screenSum >= page ? 1.0 : (page - screenSum) / (wantedSum - screenSum);
+    l.x.push_back(0);
+    for (size_t i = 0; i < screen.size(); ++i) {
+        l.x.push_back(l.x.back() + screen[i] + (wanted[i] - screen[i]) * share);
     }
     for (int h = 0; h < model->headRows(); ++h) {
         int lines = 1;
@@ -104,8 +134,6 @@ GridPrinter::Layout GridPrinter::layout(const QPrinter* printer) const {
 
     // Shrunk to the page width, never enlarged.
     const double resolution = printer->resolution();
-    const QRectF paint = printer->pageLayout().paintRect(QPageLayout::Inch);
-    const double natural = unitsOf(paint);
     const double fit = qMin(1.0, natural / qMax(1.0, l.x.back()));
     l.scale = resolution / kUnitsPerInch * fit;
     l.pageWidth = natural / fit;
@@ -132,6 +160,39 @@ GridPrinter::Layout GridPrinter::layout(const QPrinter* printer) const {
 
     l.spans = model->spans();
     return l;
+}
+
+std::vector<double> GridPrinter::textWidths(const QFontMetricsF& metrics) const {
+    const SpreadModel* model = m_grid->model();
+    // A text merged over several columns is not one column's to hold.
+    QSet<std::pair<int, int>> shared;
+    for (const SpreadModel::Span& s : model->spans()) {
+        if (s.cols > 1) {
+            for (int r = s.modelRow; r < s.modelRow + s.rows; ++r) {
+                for (int c = s.modelCol; c < s.modelCol + s.cols; ++c) {
+                    shared.insert({r, c});
+                }
+            }
+        }
+    }
+    const double widest = metrics.maxWidth();
+    const int rows = model->headRows() + model->dataRowCnt();
+    std::vector<double> widths;
+    for (const int c : m_columns) {
+        double width = 0;
+        for (int r = 0; c > 0 && r < rows; ++r) {
+            const QString text = model->data(model->index(r, c), Qt::DisplayRole).toString();
+            // Measuring is dear over a long report: only a text that could be wider is measured.
+            if (text.isEmpty() || text.size() * widest <= width || shared.contains({r, c})) {
+                continue;
+            }
+            for (const QString& line : text.split(QLatin1Char('\n'))) {
+                width = qMax(width, metrics.horizontalAdvance(line));
+            }
+        }
+        widths.push_back(width);
+    }
+    return widths;
 }
 
 bool GridPrinter::wide(const QPrinter* printer) const {

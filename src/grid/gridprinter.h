@@ -4,6 +4,7 @@
 
 #include <vector>
 
+class QFontMetricsF;
 class QPainter;
 class QPrinter;
 class Spread;
@@ -25,8 +26,10 @@ public:
 // A report grid on paper, as the screen shows it: the title line, the date and the sub-title,
 // the heading rows merged as on screen and repeated on every page, the data rows with their merges,
 // alignments and colours (negative amounts red), page numbers at the foot. Columns 1 to lastCol
-// (0: all) that are not hidden, and the row numbers when the grid shows them. The whole width is
-// scaled down to the page width; a report wider than a portrait page is printed landscape.
+// (0: all) that are not hidden, and the row numbers when the grid shows them. A column is as wide
+// as on screen or as its widest printed text, within the page width as far as the screen's widths
+// allow. The whole width is scaled down to the page width; a report wider than a portrait page is
+// printed landscape.
 class GridPrinter : public PrintablePages {
 public:
     GridPrinter(const Spread* grid, const QString& title, const QString& subTitle = QString(),
@@ -43,6 +46,8 @@ public:
 private:
     struct Layout;
     Layout layout(const QPrinter* printer) const;
+    // The widest text of each printed column in the print font (merged texts left out).
+    std::vector<double> textWidths(const QFontMetricsF& metrics) const;
     void paintPage(QPainter& painter, const Layout& l, int page) const;
 
     const Spread* m_grid;

@@ -6,9 +6,11 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QToolTip>
 
 // One view of the grid's model. The main view scrolls; three more lie over it for the frozen
 // band: the heading rows and frozen rows on top, the row heading and frozen columns on the
@@ -89,6 +91,20 @@ public:
         }
     }
 
+    // The editor open on the grid, if any.
+    QWidget* openEditor() const {
+        if (state() != EditingState) {
+            return nullptr;
+        }
+        const auto children = viewport()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+        for (QWidget* child : children) {
+            if (child->isVisible()) {
+                return child;
+            }
+        }
+        return nullptr;
+    }
+
     // Commits the cell being typed into and closes its editor, as leaving the cell would.
     void finishEditing() {
         if (state() != EditingState) {
@@ -120,6 +136,34 @@ protected:
             return;
         }
         QTableView::keyPressEvent(event);
+    }
+
+    // A composition (Korean) that starts on a cell whose editor is closed opens the editor and
+    // reaches it whole: the input method goes on talking to the view until it commits, so what
+    // comes while the editor is open is passed on to it rather than dropped.
+    void inputMethodEvent(QInputMethodEvent* event) override {
+        if (QWidget* editor = openEditor()) {
+            QApplication::sendEvent(editor, event);
+            if (!event->commitString().isEmpty() || event->preeditString().isEmpty()) {
+                editor->setFocus(); // the composition is over: the editor takes the keys
+            }
+            return;
+        }
+        if (event->preeditString().isEmpty() && event->commitString().isEmpty()) {
+            event->ignore();
+            return;
+        }
+        // Opens the editor and hands it the event.
+        if (!edit(currentIndex(), AnyKeyPressed, event)) {
+            event->ignore();
+        }
+    }
+
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override {
+        if (QWidget* editor = openEditor()) {
+            return editor->inputMethodQuery(query);
+        }
+        return QTableView::inputMethodQuery(query);
     }
 
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override {
@@ -406,8 +450,31 @@ QString Spread::copyText() const {
 
 namespace {
 
+// The quote that closes a cell opened by the quote at `open`: the first quote after it that is
+// not doubled, if a tab, a line break or the end of the text follows it; -1 otherwise.
+qsizetype closingQuote(const QString& text, qsizetype open) {
+    for (qsizetype i = open + 1; i < text.size(); ++i) {
+        if (text.at(i) != QLatin1Char('"')) {
+            continue;
+        }
+        if (i + 1 < text.size() && text.at(i + 1) == QLatin1Char('"')) {
+            ++i;
+            continue;
+        }
+        const bool last = i + 1 == text.size();
+        const QChar next = last ? QChar() : text.at(i + 1);
+        return last || next == QLatin1Char('\t') || next == QLatin1Char('\n') ||
+                       next == QLatin1Char('\r')
+                   ? i
+                   : -1;
+    }
+    return -1;
+}
+
 // Rows of tab-separated cells as spreadsheets put them on the clipboard: lines end in "\n" or
-// "\r\n", a cell in double quotes may hold tabs, line breaks and doubled quotes.
+// "\r\n", a cell in double quotes may hold tabs, line breaks and doubled quotes. A quote that
+// opens a cell without a closing one is a character of the cell, so that one stray quote
+// cannot swallow the rows after it.
 QList<QStringList> splitTabbed(const QString& text) {
     QList<QStringList> rows;
     QStringList row;
@@ -425,7 +492,7 @@ QList<QStringList> splitTabbed(const QString& text) {
             } else {
                 cell += c;
             }
-        } else if (c == QLatin1Char('"') && cell.isEmpty()) {
+        } else if (c == QLatin1Char('"') && cell.isEmpty() && closingQuote(text, i) > i) {
             quoted = true;
         } else if (c == QLatin1Char('\t')) {
             row << cell;

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QInputMethodEvent>
 #include <QTableView>
 #include <QTest>
 
@@ -73,4 +74,48 @@ TEST(GridEditing, aPasteIsCutToTheColumnsBytesAndAddsNoRows) {
     EXPECT_EQ(g.grid.maxRows(), 4);
     EXPECT_EQ(g.cell(4, u"C02"_s), u"110"_s);
     EXPECT_EQ(gfByteCut(u"가😀"_s, 3), u"가"_s); // a character outside the page is never halved
+}
+
+TEST(GridEditing, aStrayQuoteIsACharacterAndSwallowsNoRowAfterIt) {
+    LabelGrid g;
+    g.grid.setPasteAddsRows(true);
+    clickCell(&g.grid, 1, 2);
+    // Cells that begin with a quote that nothing closes, then a quoted cell with a doubled quote,
+    // a tab and a line break inside, as spreadsheets copy it.
+    QApplication::clipboard()->setText(u"\"95\t100\n\"A\tB\n\"x\"\"y\tz\nw\"\t7\n8\t\"\n"_s);
+    QTest::keyClick(g.grid.view(), Qt::Key_V, Qt::ControlModifier);
+    ASSERT_EQ(g.grid.maxRows(), 4);
+    EXPECT_EQ(g.cell(1, u"C01"_s), u"\"95"_s);
+    EXPECT_EQ(g.cell(1, u"C02"_s), u"100"_s);
+    EXPECT_EQ(g.cell(2, u"C01"_s), u"\"A"_s);
+    EXPECT_EQ(g.cell(2, u"C02"_s), u"B"_s);
+    EXPECT_EQ(g.cell(3, u"C01"_s), u"x\"y\tz\nw"_s);
+    EXPECT_EQ(g.cell(3, u"C02"_s), u"7"_s);
+    EXPECT_EQ(g.cell(4, u"C01"_s), u"8"_s);
+    EXPECT_EQ(g.cell(4, u"C02"_s), u"\""_s); // a lone quote at the very end
+}
+
+TEST(GridEditing, aKoreanCompositionOnAClosedCellReachesItsEditorWhole) {
+    LabelGrid g;
+    clickCell(&g.grid, 1, 4);
+    QTableView* view = g.grid.view();
+    // The input method composes on the view, whose cell has no editor yet, and commits there:
+    // the composition opens the editor, and nothing of it is lost on the way.
+    const auto compose = [view](const QString& preedit, const QString& commit) {
+        QInputMethodEvent event(preedit, {});
+        event.setCommitString(commit);
+        QApplication::sendEvent(view, &event);
+        QApplication::processEvents();
+    };
+    compose(u"ㅎ"_s, QString());
+    compose(u"하"_s, QString());
+    compose(u"한"_s, QString());
+    compose(u"ㄱ"_s, u"한"_s);
+    compose(QString(), u"글"_s);
+    QWidget* editor = QApplication::focusWidget();
+    ASSERT_NE(editor, view);
+    QTest::keyClicks(editor, u"7"_s);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(g.cell(1, u"NOTE"_s), u"한글7"_s);
 }

@@ -85,3 +85,25 @@ TEST(GridPrinterTest, aNarrowListPrintsPortraitOnOnePageWithoutItsHiddenColumns)
     EXPECT_FALSE(text.contains(QStringLiteral("숨김")));
     EXPECT_TRUE(text.contains(QStringLiteral("-1/1-")));
 }
+
+TEST(GridPrinterTest, columnsTakeTheWidthOfTheirPrintedTextSoThatNothingIsCut) {
+    QTemporaryDir dir;
+    Spread grid;
+    gsSpreadInit(&grid, QStringLiteral("굴림체"), 10, 18, 18, 0, 0xC0C0C0, 3, false, true);
+    gsSpreadColumn(&grid, 1, QStringLiteral("학교"), SpreadStatic, 8);
+    gsSpreadColumn(&grid, 2, QStringLiteral("합계"), SpreadStatic, 4);
+    gsSpreadColumn(&grid, 3, QStringLiteral("출고처"), SpreadStatic, 10);
+    grid.setMaxRows(2);
+    gsSpreadSetText(&grid, 1, 1, QStringLiteral("한빛중학교부설"));
+    gsSpreadSetText(&grid, 1, 2, QStringLiteral("12,345"));
+    gsSpreadSetText(&grid, 2, 3, QStringLiteral("청운물류강남센터"));
+    const QString path = dir.filePath(QStringLiteral("cut.pdf"));
+    ASSERT_TRUE(printToPdf(GridPrinter(&grid, QStringLiteral("입고현황")), path));
+    const QString text =
+        pdfPageText(path, 1).remove(QRegularExpression(QStringLiteral("[\\s\\x01]")));
+    EXPECT_TRUE(text.contains(QStringLiteral("한빛중학교부설"))) << text.toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("12,345"))) << text.toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("청운물류강남센터"))) << text.toStdString();
+    EXPECT_FALSE(text.contains(QChar(0x2026))) << text.toStdString();
+    EXPECT_FALSE(pdfLandscape(path)); // three columns still fit a portrait page
+}

@@ -17,6 +17,7 @@
 #include "grid/spreadroutines.h"
 #include "screens/stock/sizeheadings.h"
 #include "screens/stock/stockentry.h"
+#include "screens/stock/stockfilterband.h"
 #include "shell/codecontrols.h"
 
 #include <QButtonGroup>
@@ -86,32 +87,28 @@ void BAMAS310::setupScreen() {
     contentLayout()->addWidget(SSTab1, 1);
 
     m_currentYear = stockCurrentYear();
-    fillEntryYears(cboYY[0], m_currentYear, {1, 0});
-    fillEntryYears(cboYY[1], m_currentYear, {1, 0, -1});
-    for (int tab = 0; tab < 2; ++tab) {
-        gsReadCode(cboStore[tab], m_store[tab], u"STORE2"_s);
-        gsReadCode(cboLevel[tab], m_level[tab], u"GT25"_s);
+    fillEntryYears(m_band[0]->year(), m_currentYear, {1, 0});
+    fillEntryYears(m_band[1]->year(), m_currentYear, {1, 0, -1});
+    for (StockFilterBand* band : m_band) {
+        band->readCodes();
     }
     m_clear();
 }
 
 QWidget* BAMAS310::buildEntryTab() {
-    auto* tab = new QWidget(this);
-    auto* row = new QHBoxLayout(tab);
-    SP1 = new Spread(tab);
-    SP1->setObjectName(u"SP1"_s);
-    setUpSchoolList(SP1);
-    SP1->setMaximumWidth(200);
-    row->addWidget(SP1);
+    StockFilterBand::Parts parts;
+    parts.store = u"cboStore_0"_s;
+    parts.storeName = u"lblStore_0"_s;
+    parts.level = u"cboLevel_0"_s;
+    parts.year = u"cboYY_0"_s;
+    parts.schoolList = u"SP1"_s;
+    parts.sexFirst = 0;
+    parts.seasonFirst = 0;
+    parts.classFirst = 0;
+    auto* tab = new StockFilterBand(parts, this);
+    m_band[0] = tab;
+    SP1 = tab->schools();
 
-    auto* right = new QVBoxLayout;
-    auto* filters = new QGridLayout;
-    cboStore[0] = comboBox(u"cboStore_0"_s);
-    markRequired(cboStore[0]);
-    lblStore[0] = new QLabel(tab);
-    lblStore[0]->setObjectName(u"lblStore_0"_s);
-    cboLevel[0] = comboBox(u"cboLevel_0"_s);
-    cboYY[0] = comboBox(u"cboYY_0"_s);
     dtpStart[0] = dateBox(u"dtpStart_0"_s);
     txtFullName = textBox(u"txtFullName"_s, 50);
     markRequired(txtFullName);
@@ -120,49 +117,13 @@ QWidget* BAMAS310::buildEntryTab() {
     Label2[1] = new QLabel(tab);
     Label2[1]->setObjectName(u"Label2_1"_s);
     Label2[1]->hide(); // the school's code travels with its name
-
-    auto* sexes = new QButtonGroup(tab);
-    auto* seasons = new QButtonGroup(tab);
-    auto* classes = new QButtonGroup(tab);
-    auto* options = new QHBoxLayout;
-    const QString sexNames[3] = {u"전체"_s, u"남"_s, u"여"_s};
-    for (int i = 0; i < 3; ++i) {
-        optSchDivi[i] = optionButton(tab, u"optSchDivi_%1"_s.arg(i), sexNames[i], sexes);
-        options->addWidget(optSchDivi[i]);
-    }
-    options->addSpacing(16);
-    optSeason0[0] = optionButton(tab, u"optSeason0_0"_s, u"동복"_s, seasons);
-    optSeason0[1] = optionButton(tab, u"optSeason0_1"_s, u"하복"_s, seasons);
-    options->addWidget(optSeason0[0]);
-    options->addWidget(optSeason0[1]);
-    options->addSpacing(16);
-    optSubMain0[0] = optionButton(tab, u"optSubMain0_0"_s, u"주,부품목"_s, classes);
-    optSubMain0[1] = optionButton(tab, u"optSubMain0_1"_s, u"별매품"_s, classes);
-    options->addWidget(optSubMain0[0]);
-    options->addWidget(optSubMain0[1]);
-    options->addStretch(1);
-    optSchDivi[0]->setChecked(true);
-    optSeason0[0]->setChecked(true);
-    optSubMain0[0]->setChecked(true);
-
     cmdSave2 = new QPushButton(u"등록"_s, tab);
     cmdSave2->setObjectName(u"cmdSave2"_s);
-    filters->addWidget(new QLabel(u"매장"_s, tab), 0, 0);
-    filters->addWidget(cboStore[0], 0, 1);
-    filters->addWidget(lblStore[0], 0, 2);
-    filters->addWidget(new QLabel(u"학교구분"_s, tab), 0, 3);
-    filters->addWidget(cboLevel[0], 0, 4);
-    filters->addWidget(new QLabel(u"연식"_s, tab), 0, 5);
-    filters->addWidget(cboYY[0], 0, 6);
-    filters->addWidget(new QLabel(u"발주일"_s, tab), 1, 0);
-    filters->addWidget(dtpStart[0], 1, 1);
-    filters->addWidget(new QLabel(u"발주처"_s, tab), 1, 3);
-    filters->addWidget(txtFullName, 1, 4, 1, 3);
-    filters->addWidget(cmdSave2, 1, 7);
-    filters->addLayout(options, 2, 0, 1, 6);
-    filters->addWidget(Label2[0], 2, 6, 1, 2);
-    filters->setColumnStretch(8, 1);
-    right->addLayout(filters);
+    tab->addField(1, u"발주일"_s, dtpStart[0]);
+    tab->addField(1, new QWidget(tab)); // under the store's name
+    tab->addField(1, u"발주처"_s, txtFullName, 3);
+    tab->addField(1, cmdSave2);
+    tab->addOption(Label2[0]);
 
     SP3 = new Spread(tab);
     SP3->setObjectName(u"SP3"_s);
@@ -178,16 +139,12 @@ QWidget* BAMAS310::buildEntryTab() {
                             EntTotal,
                             EntCount,
                             std::nullopt});
-    right->addWidget(SP3, 1);
-    row->addLayout(right, 1);
+    tab->setBody(SP3);
 
-    connect(cboStore[0], &QComboBox::currentIndexChanged, this, [this] { cboStore_Click(0); });
-    connect(cboLevel[0], &QComboBox::currentIndexChanged, this, [this] { cboStore_Click(0); });
-    connect(SP1, &Spread::clicked, this, [this](int r, int) { SP1_Click(r); });
-    for (QButtonGroup* g : {sexes, seasons, classes}) {
-        connect(g, &QButtonGroup::buttonClicked, this, [this] { loadEntryGrid(); });
-    }
-    connect(cboYY[0], &QComboBox::currentIndexChanged, this, [this] { loadEntryGrid(); });
+    connect(tab, &StockFilterBand::storeChanged, this, [this] { cboStore_Click(0); });
+    connect(tab, &StockFilterBand::schoolClicked, this, [this](int r) { SP1_Click(r); });
+    connect(tab, &StockFilterBand::optionsChanged, this, [this] { loadEntryGrid(); });
+    connect(tab, &StockFilterBand::yearChanged, this, [this] { loadEntryGrid(); });
     // The sums follow each cell as it is left.
     connect(SP3, &Spread::changed, this, [this](int r, int) {
         if (r >= 1) {
@@ -203,22 +160,7 @@ void BAMAS310::cboStore_Click(int tab) {
     if (!mbLoaded) {
         return;
     }
-    const int index = cboStore[tab]->currentIndex();
-    lblStore[tab]->setText(m_store[tab].name(index));
-    const QString level =
-        cboLevel[tab]->currentIndex() > 0 ? gfComboCode(cboLevel[tab], m_level[tab]) : QString();
-    guarded(u"cboStore_Click"_s, [&] {
-        Spread* list = tab == 0 ? SP1 : SP20;
-        if (index < 1) {
-            list->setMaxRows(0);
-            return;
-        }
-        RecordSet rs;
-        if (gfbSqlSelectDB(storeSchoolListSql(gfComboCode(cboStore[tab], m_store[tab]), level),
-                           rs)) {
-            fillSchoolList(list, rs, tab == 1);
-        }
-    });
+    guarded(u"cboStore_Click"_s, [&] { m_band[tab]->loadSchools(); });
 }
 
 void BAMAS310::SP1_Click(int row) {
@@ -257,32 +199,30 @@ QString BAMAS310::entrySql() const {
         u"    AND CS.COMPANY = SU.COMPANY AND CS.SCHOOLCD = SU.SCHOOLCD "
         "    AND GT24.L_GRP_COD = '24' AND GT24.S_GRP_COD = SU.SUDIVIDE "
         "    AND SS.COMPANY = UF.COMPANY AND SS.STORECD = "_s +
-        quoted(gfComboCode(cboStore[0], m_store[0])) +
-        u"    AND SS.SCHOOLCD = SU.SCHOOLCD AND SS.CD = "_s + itemFullCode(d, u"UF"_s) +
-        u"    AND SS.BSYYYY = "_s + quoted(entryYear(cboYY[0])) +
+        quoted(m_band[0]->storeCode()) + u"    AND SS.SCHOOLCD = SU.SCHOOLCD AND SS.CD = "_s +
+        itemFullCode(d, u"UF"_s) + u"    AND SS.BSYYYY = "_s +
+        quoted(entryYear(m_band[0]->year())) +
         u"    AND UF.USEYN = 'Y' "
         // A boys' item for boys, a girls' item for girls; an item for both for either.
         "    AND (UF.DIVIDE NOT IN ('B', 'G') OR SU.SUDIVIDE = "
         "         CASE UF.DIVIDE WHEN 'B' THEN '1' ELSE '2' END) "_s;
-    if (optSchDivi[1]->isChecked()) {
-        sql += u"    AND SU.SUDIVIDE = '1' "_s;
-    } else if (optSchDivi[2]->isChecked()) {
-        sql += u"    AND SU.SUDIVIDE = '2' "_s;
+    if (const QString sex = m_band[0]->sexCode(); !sex.isEmpty()) {
+        sql += u"    AND SU.SUDIVIDE = '"_s + sex + u"' "_s;
     }
-    sql += optSeason0[0]->isChecked() ? u"    AND SU.SEASON IN ('A',  'N') "_s
-                                      : u"    AND SU.SEASON IN ('A',  'S') "_s;
-    sql += optSubMain0[0]->isChecked() ? u"    AND UF.SUBMAIN IN ('1', '2') "_s
-                                       : u"    AND UF.SUBMAIN = '3' "_s;
+    sql += m_band[0]->winter() ? u"    AND SU.SEASON IN ('A',  'N') "_s
+                               : u"    AND SU.SEASON IN ('A',  'S') "_s;
+    sql += m_band[0]->mainItems() ? u"    AND UF.SUBMAIN IN ('1', '2') "_s
+                                  : u"    AND UF.SUBMAIN = '3' "_s;
     return sql + u"  ORDER BY SU.DISP_SEQ, GT24.DISP_SEQ, UF.DISP_SEQ, RTRIM(UF.SEASON), "
                  "RTRIM(UF.DIVIDE), RTRIM(UF.UNITYPE), RTRIM(UF.UNIFORMCOMSEQ), "
                  "RTRIM(UF.UNIFORMSEQ)"_s;
 }
 
 void BAMAS310::loadEntryGrid() {
-    if (!mbLoaded || m_school.isEmpty() || cboStore[0]->currentIndex() < 1) {
+    if (!mbLoaded || m_school.isEmpty() || m_band[0]->storeCode().isEmpty()) {
         return;
     }
-    if (entryYear(cboYY[0]).isEmpty()) {
+    if (entryYear(m_band[0]->year()).isEmpty()) {
         gfsMessage(8061);
         return;
     }
@@ -316,7 +256,7 @@ void BAMAS310::loadEntryGrid() {
 }
 
 QString BAMAS310::orderInsertSql(int line) const {
-    const QString store = gfComboCode(cboStore[0], m_store[0]);
+    const QString store = m_band[0]->storeCode();
     const QString day = ymdOf(dtpStart[0]);
     Assignments a{
         {u"COMPANY"_s, quotedCompany()},
@@ -329,7 +269,7 @@ QString BAMAS310::orderInsertSql(int line) const {
         {u"SCHOOLCD"_s, quoted(m_entry->common(line, EntSchoolCd))},
         {u"SUDIVIDE"_s, quoted(m_entry->common(line, EntSudivide))},
         {u"UNIFORMCD"_s, quoted(m_entry->common(line, EntUniformCd))},
-        {u"ORDYYYY"_s, quoted(entryYear(cboYY[0]))},
+        {u"ORDYYYY"_s, quoted(entryYear(m_band[0]->year()))},
         {u"SIZETAB"_s,
          quoted(gfSpreadCellText(SP3, m_entry->row(line, LineRow::Labels), EntSizeTab))},
     };
@@ -354,7 +294,7 @@ void BAMAS310::cmdSave2_Click() {
         txtFullName->setFocus();
         return;
     }
-    if (entryYear(cboYY[0]).isEmpty()) {
+    if (entryYear(m_band[0]->year()).isEmpty()) {
         gfsMessage(8064);
         return;
     }

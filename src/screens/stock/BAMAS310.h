@@ -7,14 +7,13 @@
 #include <memory>
 
 class LineGrid;
-class QComboBox;
 class QDateEdit;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QRadioButton;
 class QTabWidget;
 class Spread;
+class StockFilterBand;
 
 // Purchase orders. Tab 0 enters an order by school, item and size in a grid of two rows per
 // line (the item's size labels over the quantities); tab 1 lists the orders and cancels the
@@ -56,16 +55,11 @@ private:
     void loadEntryGrid();
 
     QTabWidget* SSTab1 = nullptr;
-    QComboBox* cboStore[2] = {};
-    QComboBox* cboLevel[2] = {};
-    QComboBox* cboYY[2] = {};
+    // The filter bands of the two tabs: store, level, year, options and school list.
+    StockFilterBand* m_band[2] = {};
     QDateEdit* dtpStart[2] = {};
     QDateEdit* dtpEnd = nullptr;
-    QLabel* lblStore[2] = {};
     QLabel* Label2[2] = {};
-    QRadioButton* optSchDivi[6] = {};
-    QRadioButton* optSeason0[4] = {};
-    QRadioButton* optSubMain0[2] = {};
     QLineEdit* txtFullName = nullptr;
     QPushButton* cmdSave2 = nullptr;
     QPushButton* cmdViewSale = nullptr;
@@ -78,7 +72,6 @@ private:
     Spread* SP21 = nullptr;
     std::unique_ptr<LineGrid> m_entry;
     std::unique_ptr<LineGrid> m_status;
-    CodeArray m_store[2], m_level[2];
     PickedCodes m_items; // cmdUniType's tag
     QString m_school;    // the school of the entry grid
     QString m_statusSchool;

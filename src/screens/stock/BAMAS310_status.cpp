@@ -17,6 +17,7 @@
 #include "screens/stock/BAMAS310.h"
 #include "screens/stock/sizeheadings.h"
 #include "screens/stock/stockentry.h"
+#include "screens/stock/stockfilterband.h"
 #include "shell/codecontrols.h"
 
 #include <QButtonGroup>
@@ -90,77 +91,38 @@ const GridColumns& statusColumns() {
 } // namespace
 
 QWidget* BAMAS310::buildStatusTab() {
-    auto* tab = new QWidget(this);
-    auto* row = new QHBoxLayout(tab);
-    SP20 = new Spread(tab);
-    SP20->setObjectName(u"SP20"_s);
-    setUpSchoolList(SP20);
-    SP20->setMaximumWidth(200);
-    row->addWidget(SP20);
+    StockFilterBand::Parts parts;
+    parts.store = u"cboStore_1"_s;
+    parts.storeName = u"lblStore_1"_s;
+    parts.level = u"cboLevel_1"_s;
+    parts.year = u"cboYY_1"_s;
+    parts.schoolList = u"SP20"_s;
+    parts.schoolListWithAll = true;
+    parts.sexFirst = 3;
+    parts.seasonFirst = 2;
+    auto* tab = new StockFilterBand(parts, this);
+    m_band[1] = tab;
+    SP20 = tab->schools();
 
-    auto* right = new QVBoxLayout;
-    auto* filters = new QGridLayout;
-    cboStore[1] = comboBox(u"cboStore_1"_s);
-    markRequired(cboStore[1]);
-    lblStore[1] = new QLabel(tab);
-    lblStore[1]->setObjectName(u"lblStore_1"_s);
-    cboLevel[1] = comboBox(u"cboLevel_1"_s);
-    cboYY[1] = comboBox(u"cboYY_1"_s);
     dtpStart[1] = dateBox(u"dtpStart_1"_s, QDate::currentDate().addDays(-90));
     dtpEnd = dateBox(u"dtpEnd"_s, QDate::currentDate());
-    auto* sexes = new QButtonGroup(tab);
-    auto* seasons = new QButtonGroup(tab);
-    auto* options = new QHBoxLayout;
-    const QString sexNames[3] = {u"전체"_s, u"남"_s, u"여"_s};
-    for (int i = 3; i < 6; ++i) {
-        optSchDivi[i] = new QRadioButton(sexNames[i - 3], tab);
-        optSchDivi[i]->setObjectName(u"optSchDivi_%1"_s.arg(i));
-        sexes->addButton(optSchDivi[i]);
-        options->addWidget(optSchDivi[i]);
-    }
-    options->addSpacing(16);
-    for (int i = 2; i < 4; ++i) {
-        optSeason0[i] = new QRadioButton(i == 2 ? u"동복"_s : u"하복"_s, tab);
-        optSeason0[i]->setObjectName(u"optSeason0_%1"_s.arg(i));
-        seasons->addButton(optSeason0[i]);
-        options->addWidget(optSeason0[i]);
-    }
-    optSchDivi[3]->setChecked(true);
-    optSeason0[2]->setChecked(true);
-    cmdUniType = new QPushButton(u"전체"_s, tab);
-    cmdUniType->setObjectName(u"cmdUniType"_s);
-    options->addSpacing(16);
-    options->addWidget(new QLabel(u"복종"_s, tab));
-    options->addWidget(cmdUniType);
-    options->addStretch(1);
     const auto button = [tab](const QString& name, const QString& caption) {
         auto* b = new QPushButton(caption, tab);
         b->setObjectName(name);
         return b;
     };
+    cmdUniType = button(u"cmdUniType"_s, u"전체"_s);
     cmdViewSale = button(u"cmdViewSale"_s, u"조회"_s);
     cmdDelete = button(u"cmdDelete"_s, u"발주취소"_s);
     cmdExcel = button(u"cmdExcel"_s, u"Excel"_s);
-
-    filters->addWidget(new QLabel(u"매장"_s, tab), 0, 0);
-    filters->addWidget(cboStore[1], 0, 1);
-    filters->addWidget(lblStore[1], 0, 2);
-    filters->addWidget(new QLabel(u"학교구분"_s, tab), 0, 3);
-    filters->addWidget(cboLevel[1], 0, 4);
-    filters->addWidget(new QLabel(u"연식"_s, tab), 0, 5);
-    filters->addWidget(cboYY[1], 0, 6);
-    filters->addWidget(new QLabel(u"조회기간"_s, tab), 1, 0);
-    filters->addWidget(dtpStart[1], 1, 1);
-    filters->addWidget(new QLabel(u"~"_s, tab), 1, 2, Qt::AlignCenter);
-    filters->addWidget(dtpEnd, 1, 3, 1, 2);
-    auto* commands = new QHBoxLayout;
+    tab->addOption(new QLabel(u"복종"_s, tab));
+    tab->addOption(cmdUniType);
+    tab->addField(1, u"조회기간"_s, dtpStart[1]);
+    tab->addField(1, new QLabel(u"~"_s, tab));
+    tab->addField(1, dtpEnd, 2);
     for (QPushButton* b : {cmdViewSale, cmdDelete, cmdExcel}) {
-        commands->addWidget(b);
+        tab->addField(1, b);
     }
-    filters->addLayout(commands, 1, 5, 1, 3);
-    filters->addLayout(options, 2, 0, 1, 8);
-    filters->setColumnStretch(8, 1);
-    right->addLayout(filters);
 
     SP21 = new Spread(tab);
     SP21->setObjectName(u"SP21"_s);
@@ -172,17 +134,14 @@ QWidget* BAMAS310::buildStatusTab() {
     m_status = std::make_unique<LineGrid>(
         SP21, LineGridLayout{
                   {{LineRow::Quantity, false}}, StaFirstSize, StaTotal, 0, 0, 0, std::nullopt});
-    right->addWidget(SP21, 1);
-    row->addLayout(right, 1);
+    tab->setBody(SP21);
 
-    connect(cboStore[1], &QComboBox::currentIndexChanged, this, [this] { cboStore_Click(1); });
-    connect(cboLevel[1], &QComboBox::currentIndexChanged, this, [this] { cboStore_Click(1); });
-    connect(SP20, &Spread::clicked, this, [this](int r, int) { SP20_Click(r); });
+    connect(tab, &StockFilterBand::storeChanged, this, [this] { cboStore_Click(1); });
+    connect(tab, &StockFilterBand::schoolClicked, this, [this](int r) { SP20_Click(r); });
     // A changed filter empties the list rather than running it.
     const auto empty = [this] { SP21->setMaxRows(0); };
-    connect(sexes, &QButtonGroup::buttonClicked, this, empty);
-    connect(seasons, &QButtonGroup::buttonClicked, this, empty);
-    connect(cboYY[1], &QComboBox::currentIndexChanged, this, empty);
+    connect(tab, &StockFilterBand::optionsChanged, this, empty);
+    connect(tab, &StockFilterBand::yearChanged, this, empty);
     connect(cmdViewSale, &QPushButton::clicked, this, &BAMAS310::cmdViewSale_Click);
     connect(cmdDelete, &QPushButton::clicked, this, &BAMAS310::cmdDelete_Click);
     connect(cmdExcel, &QPushButton::clicked, this, &BAMAS310::cmdExcel_Click);
@@ -203,12 +162,12 @@ void BAMAS310::SP20_Click(int row) {
 void BAMAS310::cmdUniType_Click() {
     PickerScope scope;
     scope.company = session().gsCompany;
-    scope.store =
-        cboStore[1]->currentIndex() > 0 ? gfComboCode(cboStore[1], m_store[1]) : QString();
-    scope.sex = optSchDivi[4]->isChecked()   ? u"B"_s
-                : optSchDivi[5]->isChecked() ? u"G"_s
-                                             : QString();
-    scope.season = optSeason0[2]->isChecked() ? u"N"_s : u"S"_s;
+    scope.store = m_band[1]->storeCode();
+    const StockFilterBand::Sex sex = m_band[1]->sex();
+    scope.sex = sex == StockFilterBand::Sex::Boys    ? u"B"_s
+                : sex == StockFilterBand::Sex::Girls ? u"G"_s
+                                                     : QString();
+    scope.season = m_band[1]->winter() ? u"N"_s : u"S"_s;
     QList<CheckPickerGrid> grids;
     const QString names[3] = {u"주품목"_s, u"부품목"_s, u"별매품"_s};
     for (int k = 1; k <= 3; ++k) {
@@ -254,20 +213,18 @@ QString BAMAS310::statusSql() const {
         nl +
         u" ON GT24.L_GRP_COD = '24' AND GT24.S_GRP_COD = OD.SUDIVIDE "
         "  WHERE OD.COMPANY = "_s +
-        quotedCompany() + u"    AND OD.STORECD = "_s +
-        quoted(gfComboCode(cboStore[1], m_store[1])) + u"    AND OD.ORDYYYY = "_s +
-        quoted(entryYear(cboYY[1])) + u"    AND OD.ORDERDT BETWEEN "_s +
-        quoted(ymdOf(dtpStart[1])) + u" AND "_s + quoted(ymdOf(dtpEnd));
+        quotedCompany() + u"    AND OD.STORECD = "_s + quoted(m_band[1]->storeCode()) +
+        u"    AND OD.ORDYYYY = "_s + quoted(entryYear(m_band[1]->year())) +
+        u"    AND OD.ORDERDT BETWEEN "_s + quoted(ymdOf(dtpStart[1])) + u" AND "_s +
+        quoted(ymdOf(dtpEnd));
     if (!m_statusSchool.isEmpty()) {
         sql += u"    AND OD.SCHOOLCD = "_s + quoted(m_statusSchool);
     }
-    if (optSchDivi[4]->isChecked()) {
-        sql += u"    AND SU.SUDIVIDE = '1' "_s;
-    } else if (optSchDivi[5]->isChecked()) {
-        sql += u"    AND SU.SUDIVIDE = '2' "_s;
+    if (const QString sex = m_band[1]->sexCode(); !sex.isEmpty()) {
+        sql += u"    AND SU.SUDIVIDE = '"_s + sex + u"' "_s;
     }
-    sql += optSeason0[2]->isChecked() ? u"    AND SU.SEASON  IN ('A', 'N') "_s
-                                      : u"    AND SU.SEASON IN ('A',  'S') "_s;
+    sql += m_band[1]->winter() ? u"    AND SU.SEASON  IN ('A', 'N') "_s
+                               : u"    AND SU.SEASON IN ('A',  'S') "_s;
     if (!m_items.isEmpty()) {
         sql += u"    AND "_s + itemBaseCode(d, u"UF"_s) + u" IN ("_s + m_items.inList() + u") "_s;
     }
@@ -276,17 +233,17 @@ QString BAMAS310::statusSql() const {
 }
 
 void BAMAS310::cmdViewSale_Click() {
-    if (cboStore[1]->currentIndex() < 1) {
+    if (m_band[1]->storeCode().isEmpty()) {
         return;
     }
-    if (entryYear(cboYY[1]).isEmpty()) {
+    if (entryYear(m_band[1]->year()).isEmpty()) {
         gfsMessage(8061);
         return;
     }
     guarded(u"cmdViewSale_Click"_s, [this] {
         const WaitCursor wait;
         QList<SizeHeadingRow> headings;
-        if (!readSizeHeadings(gfComboCode(cboStore[1], m_store[1]), QString(), u"H"_s, headings)) {
+        if (!readSizeHeadings(m_band[1]->storeCode(), QString(), u"H"_s, headings)) {
             return;
         }
         RecordSet rs;
@@ -339,14 +296,14 @@ void BAMAS310::cmdExcel_Click() {
 }
 
 Screen::ReportGrid BAMAS310::reportGrid() const {
-    const QString season = optSeason0[2]->isChecked() ? u"   시즌 : 동복"_s : u"   시즌 : 하복"_s;
-    const QString sex = optSchDivi[4]->isChecked()   ? u"   성별 : 남자"_s
-                        : optSchDivi[5]->isChecked() ? u"   성별 : 여자"_s
-                                                     : u"   성별 : 전체"_s;
-    const int index = cboStore[1]->currentIndex();
+    const StockFilterBand& band = *m_band[1];
+    const QString season = band.winter() ? u"   시즌 : 동복"_s : u"   시즌 : 하복"_s;
+    const QString sex = band.sex() == StockFilterBand::Sex::Boys    ? u"   성별 : 남자"_s
+                        : band.sex() == StockFilterBand::Sex::Girls ? u"   성별 : 여자"_s
+                                                                    : u"   성별 : 전체"_s;
     return {SP21, u"발주현황"_s,
-            u"매장 : "_s + cboStore[1]->currentText() + u"   브랜드 : "_s + m_store[1].name(index) +
-                u"   학교 : "_s + Label2[0]->text() + u"   연도 : "_s + cboYY[1]->currentText() +
+            u"매장 : "_s + band.store()->currentText() + u"   브랜드 : "_s + band.storeBrand() +
+                u"   학교 : "_s + Label2[0]->text() + u"   연도 : "_s + band.year()->currentText() +
                 season + sex + u"   조회기간 : "_s + dtpStart[1]->date().toString(u"yyyy-MM-dd"_s) +
                 u" ~ "_s + dtpEnd->date().toString(u"yyyy-MM-dd"_s),
             StaCount};

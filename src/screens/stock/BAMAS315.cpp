@@ -15,6 +15,7 @@
 #include "grid/linegrid.h"
 #include "grid/spreadroutines.h"
 #include "screens/stock/stockentry.h"
+#include "screens/stock/stockfilterband.h"
 #include "shell/codecontrols.h"
 
 #include <QButtonGroup>
@@ -102,31 +103,29 @@ void BAMAS315::setupScreen() {
     contentLayout()->addWidget(SSTab1, 1);
 
     m_currentYear = stockCurrentYear();
-    fillEntryYears(cboYY, m_currentYear, {1, 0, -1});
-    gsReadCode(cboStore, m_store, u"STORE2"_s);
-    gsReadCode(cboLevel, m_level, u"GT25"_s);
+    fillEntryYears(m_band->year(), m_currentYear, {1, 0, -1});
+    m_band->readCodes();
     for (int tab = 1; tab <= 2; ++tab) {
-        fillEntryYears(m_list[tab].cboYY, m_currentYear, {1, 0, -1});
-        gsReadCode(m_list[tab].cboStore, m_list[tab].stores, u"STORE2"_s);
+        fillEntryYears(m_list[tab].band->year(), m_currentYear, {1, 0, -1});
+        m_list[tab].band->readCodes();
     }
     SP1->setMaxRows(30);
 }
 
 QWidget* BAMAS315::buildEntryTab() {
-    auto* tab = new QWidget(this);
-    auto* row = new QHBoxLayout(tab);
-    SP1 = new Spread(tab);
-    SP1->setObjectName(u"SP1"_s);
-    setUpSchoolList(SP1);
-    SP1->setMaximumWidth(200);
-    row->addWidget(SP1);
+    StockFilterBand::Parts parts;
+    parts.store = u"cboStore_0"_s;
+    parts.storeCaption = u"입고매장"_s;
+    parts.level = u"cboLevel"_s;
+    parts.year = u"cboYY_0"_s;
+    parts.schoolList = u"SP1"_s;
+    parts.sexFirst = 0;
+    parts.seasonFirst = 0;
+    parts.classFirst = 0;
+    auto* tab = new StockFilterBand(parts, this);
+    m_band = tab;
+    SP1 = tab->schools();
 
-    auto* right = new QVBoxLayout;
-    auto* filters = new QGridLayout;
-    cboStore = comboBox(u"cboStore_0"_s);
-    markRequired(cboStore);
-    cboLevel = comboBox(u"cboLevel"_s);
-    cboYY = comboBox(u"cboYY_0"_s);
     cboUniform = comboBox(u"cboUniform"_s);
     dtpStart = dateBox(u"dtpStart_0"_s);
     txtFullName = textBox(u"txtFullName_0"_s, 50);
@@ -137,49 +136,17 @@ QWidget* BAMAS315::buildEntryTab() {
     Label2[1]->hide();
     cmdSave2 = new QPushButton(u"등록"_s, tab);
     cmdSave2->setObjectName(u"cmdSave2"_s);
-
     auto* kinds = new QButtonGroup(tab);
-    auto* sexes = new QButtonGroup(tab);
-    auto* seasons = new QButtonGroup(tab);
-    auto* classes = new QButtonGroup(tab);
-    auto* options = new QHBoxLayout;
     optOrderGB[0] = optionButton(tab, u"optOrderGB_0"_s, u"발주분"_s, kinds);
     optOrderGB[1] = optionButton(tab, u"optOrderGB_1"_s, u"미발주분"_s, kinds);
-    const QString sexNames[3] = {u"전체"_s, u"남"_s, u"여"_s};
-    for (int i = 0; i < 3; ++i) {
-        optSchDivi[i] = optionButton(tab, u"optSchDivi_%1"_s.arg(i), sexNames[i], sexes);
-    }
-    optSeason0[0] = optionButton(tab, u"optSeason0_0"_s, u"동복"_s, seasons);
-    optSeason0[1] = optionButton(tab, u"optSeason0_1"_s, u"하복"_s, seasons);
-    optSubMain0[0] = optionButton(tab, u"optSubMain0_0"_s, u"주,부품목"_s, classes);
-    optSubMain0[1] = optionButton(tab, u"optSubMain0_1"_s, u"별매품"_s, classes);
-    for (QButtonGroup* g : {kinds, sexes, seasons, classes}) {
-        const auto buttons = g->buttons();
-        for (QAbstractButton* b : buttons) {
-            options->addWidget(b);
-        }
-        g->buttons().first()->setChecked(true);
-        options->addSpacing(16);
-    }
-    options->addStretch(1);
-
-    filters->addWidget(new QLabel(u"입고매장"_s, tab), 0, 0);
-    filters->addWidget(cboStore, 0, 1);
-    filters->addWidget(new QLabel(u"학교구분"_s, tab), 0, 2);
-    filters->addWidget(cboLevel, 0, 3);
-    filters->addWidget(new QLabel(u"연식"_s, tab), 0, 4);
-    filters->addWidget(cboYY, 0, 5);
-    filters->addWidget(new QLabel(u"복종"_s, tab), 0, 6);
-    filters->addWidget(cboUniform, 0, 7);
-    filters->addWidget(new QLabel(u"입고일"_s, tab), 1, 0);
-    filters->addWidget(dtpStart, 1, 1);
-    filters->addWidget(new QLabel(u"출고처"_s, tab), 1, 2);
-    filters->addWidget(txtFullName, 1, 3, 1, 3);
-    filters->addWidget(Label2[0], 1, 6);
-    filters->addWidget(cmdSave2, 1, 7);
-    filters->addLayout(options, 2, 0, 1, 8);
-    filters->setColumnStretch(8, 1);
-    right->addLayout(filters);
+    optOrderGB[0]->setChecked(true);
+    tab->addOption(optOrderGB[0], true);
+    tab->addOption(optOrderGB[1], true);
+    tab->addField(0, u"복종"_s, cboUniform);
+    tab->addField(1, u"입고일"_s, dtpStart);
+    tab->addField(1, u"출고처"_s, txtFullName, 3);
+    tab->addField(1, Label2[0]);
+    tab->addField(1, cmdSave2);
 
     SP3 = new Spread(tab);
     SP3->setObjectName(u"SP3"_s);
@@ -205,21 +172,17 @@ QWidget* BAMAS315::buildEntryTab() {
                             EntFirstSize,
                             EntTotal,
                             std::nullopt});
-    right->addWidget(SP3, 1);
-    row->addLayout(right, 1);
+    tab->setBody(SP3);
 
-    connect(cboStore, &QComboBox::currentIndexChanged, this, [this] { cboStore_Click(); });
-    connect(cboLevel, &QComboBox::currentIndexChanged, this, [this] { cboStore_Click(); });
-    connect(SP1, &Spread::clicked, this, [this](int r, int) { SP1_Click(r); });
+    connect(tab, &StockFilterBand::storeChanged, this, [this] { cboStore_Click(); });
+    connect(tab, &StockFilterBand::schoolClicked, this, [this](int r) { SP1_Click(r); });
     connect(kinds, &QButtonGroup::buttonClicked, this, [this] { loadEntryGrid(); });
-    connect(cboYY, &QComboBox::currentIndexChanged, this, [this] { loadEntryGrid(); });
+    connect(tab, &StockFilterBand::yearChanged, this, [this] { loadEntryGrid(); });
     connect(cboUniform, &QComboBox::activated, this, [this] { loadEntryGrid(); });
-    for (QButtonGroup* g : {sexes, seasons, classes}) {
-        connect(g, &QButtonGroup::buttonClicked, this, [this] {
-            fillUniforms();
-            loadEntryGrid();
-        });
-    }
+    connect(tab, &StockFilterBand::optionsChanged, this, [this] {
+        fillUniforms();
+        loadEntryGrid();
+    });
     // A quantity left (or Enter) recomputes its line; a choice of the list changes no sum.
     connect(SP3, &Spread::changed, this, [this](int r, int c) {
         if (r >= 1 && c != EntFinish) {
@@ -244,18 +207,7 @@ void BAMAS315::cboStore_Click() {
     if (!mbLoaded) {
         return;
     }
-    guarded(u"cboStore_Click"_s, [this] {
-        if (cboStore->currentIndex() < 1) {
-            SP1->setMaxRows(0);
-            return;
-        }
-        RecordSet rs;
-        const QString level =
-            cboLevel->currentIndex() > 0 ? gfComboCode(cboLevel, m_level) : QString();
-        if (gfbSqlSelectDB(storeSchoolListSql(gfComboCode(cboStore, m_store), level), rs)) {
-            fillSchoolList(SP1, rs, false);
-        }
-    });
+    guarded(u"cboStore_Click"_s, [this] { m_band->loadSchools(); });
 }
 
 void BAMAS315::SP1_Click(int row) {
@@ -294,17 +246,15 @@ void BAMAS315::fillUniforms() {
                   "     AND UF.UNIFORMCOMSEQ = SU.UNIFORMCOMSEQ AND UF.USEYN = 'Y' "
                   "     AND SU.USEYN = 'Y' AND SS.COMPANY = SU.COMPANY "
                   "     AND SS.SCHOOLCD = SU.SCHOOLCD AND SS.STORECD = "_s +
-                  quoted(gfComboCode(cboStore, m_store)) + u"     AND SU.SCHOOLCD = "_s +
-                  quoted(m_school) + u") SCHOOL_UNIFORM WHERE 1 = 1"_s;
-    if (optSchDivi[1]->isChecked()) {
-        sql += u" AND SCHOOL_UNIFORM.SUDIVIDE = '1'"_s;
-    } else if (optSchDivi[2]->isChecked()) {
-        sql += u" AND SCHOOL_UNIFORM.SUDIVIDE = '2'"_s;
+                  quoted(m_band->storeCode()) + u"     AND SU.SCHOOLCD = "_s + quoted(m_school) +
+                  u") SCHOOL_UNIFORM WHERE 1 = 1"_s;
+    if (const QString sex = m_band->sexCode(); !sex.isEmpty()) {
+        sql += u" AND SCHOOL_UNIFORM.SUDIVIDE = '"_s + sex + u"'"_s;
     }
-    sql += optSeason0[0]->isChecked() ? u" AND SCHOOL_UNIFORM.SEASON IN ('A', 'N')"_s
-                                      : u" AND SCHOOL_UNIFORM.SEASON IN ('A', 'S')"_s;
-    sql += optSubMain0[0]->isChecked() ? u" AND SCHOOL_UNIFORM.SUBMAIN IN ('1', '2')"_s
-                                       : u" AND SCHOOL_UNIFORM.SUBMAIN = '3'"_s;
+    sql += m_band->winter() ? u" AND SCHOOL_UNIFORM.SEASON IN ('A', 'N')"_s
+                            : u" AND SCHOOL_UNIFORM.SEASON IN ('A', 'S')"_s;
+    sql += m_band->mainItems() ? u" AND SCHOOL_UNIFORM.SUBMAIN IN ('1', '2')"_s
+                               : u" AND SCHOOL_UNIFORM.SUBMAIN = '3'"_s;
     guarded(u"cboUniform_Fill"_s, [&] {
         gsFillPicker(cboUniform, m_uniform, sql + u" ORDER BY 2"_s, u"전체"_s, u"**"_s);
     });
@@ -345,22 +295,20 @@ QString BAMAS315::orderedLinesSql() const {
         "        AND TIN.ORDERDT = TOR.ORDERDT AND TIN.OUTBOUNDSTORE = TOR.ORDERSTORE "
         "        AND TIN.ORDERSEQ = TOR.ORDERSEQ "
         "  WHERE TOR.COMPANY = "_s +
-        quotedCompany() + u"    AND TOR.STORECD = "_s + quoted(gfComboCode(cboStore, m_store)) +
-        u"    AND TOR.ORDYYYY = "_s + quoted(entryYear(cboYY)) + u"    AND TOR.SCHOOLCD = "_s +
-        quoted(m_school) + u"    AND TOR.FINISHGB IN ('A', 'I') "_s;
+        quotedCompany() + u"    AND TOR.STORECD = "_s + quoted(m_band->storeCode()) +
+        u"    AND TOR.ORDYYYY = "_s + quoted(entryYear(m_band->year())) +
+        u"    AND TOR.SCHOOLCD = "_s + quoted(m_school) + u"    AND TOR.FINISHGB IN ('A', 'I') "_s;
     if (cboUniform->currentIndex() > 0) {
         sql +=
             u"    AND TOR.UNIFORMCD LIKE "_s + quoted(gfComboCode(cboUniform, m_uniform) + u"%"_s);
     }
-    if (optSchDivi[1]->isChecked()) {
-        sql += u"    AND TOR.SUDIVIDE = '1' "_s;
-    } else if (optSchDivi[2]->isChecked()) {
-        sql += u"    AND TOR.SUDIVIDE = '2' "_s;
+    if (const QString sex = m_band->sexCode(); !sex.isEmpty()) {
+        sql += u"    AND TOR.SUDIVIDE = '"_s + sex + u"' "_s;
     }
-    sql += optSeason0[0]->isChecked() ? u"    AND SU.SEASON IN ('A',  'N') "_s
-                                      : u"    AND SU.SEASON IN ('A',  'S') "_s;
-    sql += optSubMain0[0]->isChecked() ? u"    AND UF.SUBMAIN IN ('1', '2') "_s
-                                       : u"    AND UF.SUBMAIN = '3' "_s;
+    sql += m_band->winter() ? u"    AND SU.SEASON IN ('A',  'N') "_s
+                            : u"    AND SU.SEASON IN ('A',  'S') "_s;
+    sql += m_band->mainItems() ? u"    AND UF.SUBMAIN IN ('1', '2') "_s
+                               : u"    AND UF.SUBMAIN = '3' "_s;
     return sql + u"  ORDER BY TOR.ORDERDT,  UF.UNIFORMNAME"_s;
 }
 
@@ -381,24 +329,21 @@ QString BAMAS315::unorderedLinesSql() const {
         u"    AND CS.COMPANY = SU.COMPANY AND CS.SCHOOLCD = SU.SCHOOLCD "
         "    AND GT24.L_GRP_COD = '24' AND GT24.S_GRP_COD = SU.SUDIVIDE "
         "    AND SS.COMPANY = UF.COMPANY AND SS.STORECD = "_s +
-        quoted(gfComboCode(cboStore, m_store)) +
-        u"    AND SS.SCHOOLCD = SU.SCHOOLCD AND SS.CD = "_s + itemFullCode(d, u"UF"_s) +
-        u"    AND SS.BSYYYY = "_s + quoted(entryYear(cboYY)) +
+        quoted(m_band->storeCode()) + u"    AND SS.SCHOOLCD = SU.SCHOOLCD AND SS.CD = "_s +
+        itemFullCode(d, u"UF"_s) + u"    AND SS.BSYYYY = "_s + quoted(entryYear(m_band->year())) +
         u"    AND UF.USEYN = 'Y' "
         "    AND (UF.DIVIDE NOT IN ('B', 'G') OR SU.SUDIVIDE = "
         "         CASE UF.DIVIDE WHEN 'B' THEN '1' ELSE '2' END) "_s;
     if (cboUniform->currentIndex() > 0) {
         sql += u"    AND SS.CD LIKE "_s + quoted(gfComboCode(cboUniform, m_uniform) + u"%"_s);
     }
-    if (optSchDivi[1]->isChecked()) {
-        sql += u"    AND SU.SUDIVIDE = '1' "_s;
-    } else if (optSchDivi[2]->isChecked()) {
-        sql += u"    AND SU.SUDIVIDE = '2' "_s;
+    if (const QString sex = m_band->sexCode(); !sex.isEmpty()) {
+        sql += u"    AND SU.SUDIVIDE = '"_s + sex + u"' "_s;
     }
-    sql += optSeason0[0]->isChecked() ? u"    AND SU.SEASON IN ('A',  'N') "_s
-                                      : u"    AND SU.SEASON IN ('A',  'S') "_s;
-    sql += optSubMain0[0]->isChecked() ? u"    AND UF.SUBMAIN IN ('1', '2') "_s
-                                       : u"    AND UF.SUBMAIN = '3' "_s;
+    sql += m_band->winter() ? u"    AND SU.SEASON IN ('A',  'N') "_s
+                            : u"    AND SU.SEASON IN ('A',  'S') "_s;
+    sql += m_band->mainItems() ? u"    AND UF.SUBMAIN IN ('1', '2') "_s
+                               : u"    AND UF.SUBMAIN = '3' "_s;
     return sql + u"  ORDER BY UF.UNIFORMNAME, SU.SUDIVIDE"_s;
 }
 
@@ -419,9 +364,9 @@ void BAMAS315::writeEntryHeading() {
     if (!gfbSqlSelectDB(
             u" SELECT DISTINCT "_s + eachSize(u"SS.C%1"_s) +
                 u" FROM VIW_SCHUNIFOMSIZE SS WHERE SS.COMPANY = "_s + quotedCompany() +
-                u" AND SS.STORECD = "_s + quoted(gfComboCode(cboStore, m_store)) +
-                u" AND SS.BSYYYY = "_s + quoted(entryYear(cboYY)) + u" AND SS.SCHOOLCD = "_s +
-                quoted(m_school) + u" AND SS.CD LIKE "_s + quoted(like) +
+                u" AND SS.STORECD = "_s + quoted(m_band->storeCode()) + u" AND SS.BSYYYY = "_s +
+                quoted(entryYear(m_band->year())) + u" AND SS.SCHOOLCD = "_s + quoted(m_school) +
+                u" AND SS.CD LIKE "_s + quoted(like) +
                 (tables.size() == 1 ? u" AND SS.SIZETAB = "_s + quoted(tables.first()) : QString()),
             rs)) {
         return;
@@ -434,10 +379,10 @@ void BAMAS315::writeEntryHeading() {
 }
 
 void BAMAS315::loadEntryGrid() {
-    if (!mbLoaded || m_school.isEmpty() || cboStore->currentIndex() < 1) {
+    if (!mbLoaded || m_school.isEmpty() || m_band->storeCode().isEmpty()) {
         return;
     }
-    if (entryYear(cboYY).isEmpty()) {
+    if (entryYear(m_band->year()).isEmpty()) {
         gfsMessage(8061);
         return;
     }

@@ -15,6 +15,7 @@ class QPushButton;
 class QRadioButton;
 class QTabWidget;
 class Spread;
+class StockFilterBand;
 
 // Goods receipt. Tab 0 books goods in against open order lines ("발주분": three rows a line,
 // what is open, what came, the balance) or without an order ("미발주분": one row an item), and
@@ -47,18 +48,14 @@ public:
 
     // The list tabs' filters: element k of the old control arrays on tab k.
     struct ListTab {
-        QComboBox* cboStore = nullptr;
-        QComboBox* cboYY = nullptr;
+        StockFilterBand* band = nullptr; // store, year, sex and season
         QDateEdit* dtpStart = nullptr;
         QDateEdit* dtpEnd = nullptr;
         QLineEdit* txtFullName = nullptr;
-        QRadioButton* optSchDivi[3] = {}; // 전체, 여, 남
-        QRadioButton* optSeason0[2] = {}; // 하복, 동복
         QPushButton* cmdSerchSch = nullptr;
         QPushButton* cmdUniType = nullptr;
         Spread* grid = nullptr;
         std::unique_ptr<LineGrid> sums;
-        CodeArray stores;
         PickedCodes schools, items;
     };
 
@@ -87,24 +84,20 @@ private:
                  const QStringList& trailing);
 
     QTabWidget* SSTab1 = nullptr;
-    QComboBox* cboStore = nullptr;
-    QComboBox* cboLevel = nullptr;
-    QComboBox* cboYY = nullptr;
+    // Store, level, year, options and school list of the entry tab.
+    StockFilterBand* m_band = nullptr;
     QComboBox* cboUniform = nullptr;
     QDateEdit* dtpStart = nullptr;
     QLineEdit* txtFullName = nullptr;
     QLabel* Label2[2] = {};
     QRadioButton* optOrderGB[2] = {};
-    QRadioButton* optSchDivi[3] = {};
-    QRadioButton* optSeason0[2] = {};
-    QRadioButton* optSubMain0[2] = {};
     QPushButton* cmdSave2 = nullptr;
     Spread* SP1 = nullptr;
     Spread* SP3 = nullptr;
     std::unique_ptr<LineGrid> m_ordered;
     std::unique_ptr<LineGrid> m_unordered;
     ListTab m_list[3]; // elements 1 and 2
-    CodeArray m_store, m_level, m_uniform;
+    CodeArray m_uniform;
     QString m_school;
     QString m_currentYear;
 };

@@ -17,6 +17,7 @@
 #include "screens/stock/BAMAS315.h"
 #include "screens/stock/sizeheadings.h"
 #include "screens/stock/stockentry.h"
+#include "screens/stock/stockfilterband.h"
 #include "shell/codecontrols.h"
 
 #include <QButtonGroup>
@@ -122,72 +123,44 @@ QString dashed(const Dialect& d, const QString& column) {
 
 QWidget* BAMAS315::buildListTab(int k) {
     ListTab& t = m_list[k];
-    auto* tab = new QWidget(this);
-    auto* column = new QVBoxLayout(tab);
-    auto* filters = new QGridLayout;
+    StockFilterBand::Parts parts;
+    parts.store = u"cboStore_%1"_s.arg(k);
+    parts.storeCaption = u"입고매장"_s;
+    parts.year = u"cboYY_%1"_s.arg(k);
+    parts.sexFirst = 3 * k;
+    parts.girlsBeforeBoys = true;
+    parts.seasonFirst = 2 * k;
+    parts.summerFirst = true;
+    auto* tab = new StockFilterBand(parts, this);
+    t.band = tab;
     const auto button = [tab](const QString& name, const QString& caption) {
         auto* b = new QPushButton(caption, tab);
         b->setObjectName(name);
         return b;
     };
-    t.cboStore = comboBox(u"cboStore_%1"_s.arg(k));
-    markRequired(t.cboStore);
-    t.cboYY = comboBox(u"cboYY_%1"_s.arg(k));
     t.dtpStart = dateBox(u"dtpStart_%1"_s.arg(k), QDate::currentDate().addMonths(-3));
     t.dtpEnd = dateBox(u"dtpEnd_%1"_s.arg(k), QDate::currentDate());
     t.txtFullName = textBox(u"txtFullName_%1"_s.arg(k), 50);
-    auto* sexes = new QButtonGroup(tab);
-    auto* seasons = new QButtonGroup(tab);
-    auto* options = new QHBoxLayout;
-    const QString sexNames[3] = {u"전체"_s, u"여"_s, u"남"_s};
-    for (int i = 0; i < 3; ++i) {
-        t.optSchDivi[i] = new QRadioButton(sexNames[i], tab);
-        t.optSchDivi[i]->setObjectName(u"optSchDivi_%1"_s.arg(3 * k + i));
-        sexes->addButton(t.optSchDivi[i]);
-        options->addWidget(t.optSchDivi[i]);
-    }
-    options->addSpacing(16);
-    for (int i = 0; i < 2; ++i) {
-        t.optSeason0[i] = new QRadioButton(i == 0 ? u"하복"_s : u"동복"_s, tab);
-        t.optSeason0[i]->setObjectName(u"optSeason0_%1"_s.arg(2 * k + i));
-        seasons->addButton(t.optSeason0[i]);
-        options->addWidget(t.optSeason0[i]);
-    }
-    t.optSchDivi[0]->setChecked(true);
-    t.optSeason0[1]->setChecked(true);
     t.cmdSerchSch = button(k == 1 ? u"cmdSerchSch"_s : u"cmdSerchSch2"_s, u"전체"_s);
     t.cmdUniType = button(k == 1 ? u"cmdUniType"_s : u"cmdUniType2"_s, u"전체"_s);
-    options->addSpacing(16);
-    options->addWidget(new QLabel(u"학교"_s, tab));
-    options->addWidget(t.cmdSerchSch);
-    options->addWidget(new QLabel(u"복종"_s, tab));
-    options->addWidget(t.cmdUniType);
-    options->addStretch(1);
+    tab->addOption(new QLabel(u"학교"_s, tab));
+    tab->addOption(t.cmdSerchSch);
+    tab->addOption(new QLabel(u"복종"_s, tab));
+    tab->addOption(t.cmdUniType);
 
-    filters->addWidget(new QLabel(u"입고매장"_s, tab), 0, 0);
-    filters->addWidget(t.cboStore, 0, 1);
-    filters->addWidget(new QLabel(u"연식"_s, tab), 0, 2);
-    filters->addWidget(t.cboYY, 0, 3);
-    filters->addWidget(new QLabel(k == 1 ? u"출고처"_s : u"발주처"_s, tab), 0, 4);
-    filters->addWidget(t.txtFullName, 0, 5);
-    filters->addWidget(new QLabel(u"조회기간"_s, tab), 1, 0);
-    filters->addWidget(t.dtpStart, 1, 1);
-    filters->addWidget(new QLabel(u"~"_s, tab), 1, 2, Qt::AlignCenter);
-    filters->addWidget(t.dtpEnd, 1, 3);
-    auto* commands = new QHBoxLayout;
+    tab->addField(0, k == 1 ? u"출고처"_s : u"발주처"_s, t.txtFullName);
+    tab->addField(1, u"조회기간"_s, t.dtpStart);
+    tab->addField(1, new QLabel(u"~"_s, tab));
+    tab->addField(1, t.dtpEnd);
     QPushButton* view = button(k == 1 ? u"cmdViewSale"_s : u"cmdViewSal2"_s, u"조회"_s);
-    commands->addWidget(view);
+    tab->addField(1, view);
     QPushButton* cancel = nullptr;
     if (k == 1) {
         cancel = button(u"cmdDelete"_s, u"입고취소"_s);
-        commands->addWidget(cancel);
+        tab->addField(1, cancel);
     }
     QPushButton* excel = button(k == 1 ? u"cmdExcel"_s : u"cmdExcel2"_s, u"Excel"_s);
-    commands->addWidget(excel);
-    filters->addLayout(commands, 1, 4, 1, 2);
-    filters->addLayout(options, 2, 0, 1, 6);
-    filters->setColumnStretch(6, 1);
-    column->addLayout(filters);
+    tab->addField(1, excel);
 
     t.grid = new Spread(tab);
     t.grid->setObjectName(k == 1 ? u"SP21"_s : u"SP41"_s);
@@ -204,12 +177,11 @@ QWidget* BAMAS315::buildListTab(int k) {
     t.sums = std::make_unique<LineGrid>(
         t.grid, LineGridLayout{
                     {{LineRow::Quantity, false}}, totalCol + 2, totalCol, 0, 0, 0, std::nullopt});
-    column->addWidget(t.grid, 1);
+    tab->setBody(t.grid);
 
     const auto empty = [&t] { t.grid->setMaxRows(0); };
-    connect(sexes, &QButtonGroup::buttonClicked, this, empty);
-    connect(seasons, &QButtonGroup::buttonClicked, this, empty);
-    connect(t.cboYY, &QComboBox::currentIndexChanged, this, empty);
+    connect(tab, &StockFilterBand::optionsChanged, this, empty);
+    connect(tab, &StockFilterBand::yearChanged, this, empty);
     connect(view, &QPushButton::clicked, this,
             k == 1 ? &BAMAS315::cmdViewSale_Click : &BAMAS315::cmdViewSal2_Click);
     if (cancel) {
@@ -229,10 +201,10 @@ QWidget* BAMAS315::buildListTab(int k) {
 void BAMAS315::pickSchools(ListTab& t, int run, int exit) {
     PickerScope scope;
     scope.company = session().gsCompany;
-    scope.store = t.cboStore->currentIndex() > 0 ? gfComboCode(t.cboStore, t.stores) : QString();
-    scope.sex = t.optSchDivi[2]->isChecked()   ? u"B"_s
-                : t.optSchDivi[1]->isChecked() ? u"G"_s
-                                               : QString();
+    scope.store = t.band->storeCode();
+    scope.sex = t.band->sex() == StockFilterBand::Sex::Boys    ? u"B"_s
+                : t.band->sex() == StockFilterBand::Sex::Girls ? u"G"_s
+                                                               : QString();
     QList<CheckPickerGrid> grids;
     const QString names[3] = {u"중 등"_s, u"고 등"_s, u"KIDS"_s};
     for (int level = 1; level <= 3; ++level) {
@@ -251,11 +223,11 @@ void BAMAS315::pickSchools(ListTab& t, int run, int exit) {
 void BAMAS315::pickItems(ListTab& t, int first, int run, int exit) {
     PickerScope scope;
     scope.company = session().gsCompany;
-    scope.store = t.cboStore->currentIndex() > 0 ? gfComboCode(t.cboStore, t.stores) : QString();
-    scope.sex = t.optSchDivi[2]->isChecked()   ? u"B"_s
-                : t.optSchDivi[1]->isChecked() ? u"G"_s
-                                               : QString();
-    scope.season = t.optSeason0[1]->isChecked() ? u"N"_s : u"S"_s;
+    scope.store = t.band->storeCode();
+    scope.sex = t.band->sex() == StockFilterBand::Sex::Boys    ? u"B"_s
+                : t.band->sex() == StockFilterBand::Sex::Girls ? u"G"_s
+                                                               : QString();
+    scope.season = t.band->winter() ? u"N"_s : u"S"_s;
     QList<CheckPickerGrid> grids;
     const QString names[3] = {u"주품목"_s, u"부품목"_s, u"별매품"_s};
     for (int k = 0; k < 3; ++k) {
@@ -275,10 +247,10 @@ void BAMAS315::pickItems(ListTab& t, int first, int run, int exit) {
 QString BAMAS315::listWhere(const ListTab& t, const QString& alias, const QString& yearColumn,
                             const QString& dateColumn) const {
     QString sql = u"  WHERE "_s + alias + u".COMPANY = "_s + quotedCompany() + u"    AND "_s +
-                  alias + u".STORECD = "_s + quoted(gfComboCode(t.cboStore, t.stores)) +
-                  u"    AND "_s + alias + u"."_s + yearColumn + u" = "_s +
-                  quoted(entryYear(t.cboYY)) + u"    AND "_s + alias + u"."_s + dateColumn +
-                  u" BETWEEN "_s + quoted(ymdOf(t.dtpStart)) + u" AND "_s + quoted(ymdOf(t.dtpEnd));
+                  alias + u".STORECD = "_s + quoted(t.band->storeCode()) + u"    AND "_s + alias +
+                  u"."_s + yearColumn + u" = "_s + quoted(entryYear(t.band->year())) +
+                  u"    AND "_s + alias + u"."_s + dateColumn + u" BETWEEN "_s +
+                  quoted(ymdOf(t.dtpStart)) + u" AND "_s + quoted(ymdOf(t.dtpEnd));
     if (!t.schools.isEmpty()) {
         sql += u"    AND "_s + alias + u".SCHOOLCD IN ("_s + t.schools.inList() + u") "_s;
     }
@@ -286,13 +258,11 @@ QString BAMAS315::listWhere(const ListTab& t, const QString& alias, const QStrin
         sql += u"    AND "_s + itemBaseCode(dialect(), u"UF"_s) + u" IN ("_s + t.items.inList() +
                u") "_s;
     }
-    if (t.optSchDivi[2]->isChecked()) {
-        sql += u"    AND "_s + alias + u".SUDIVIDE = '1' "_s;
-    } else if (t.optSchDivi[1]->isChecked()) {
-        sql += u"    AND "_s + alias + u".SUDIVIDE = '2' "_s;
+    if (const QString sex = t.band->sexCode(); !sex.isEmpty()) {
+        sql += u"    AND "_s + alias + u".SUDIVIDE = '"_s + sex + u"' "_s;
     }
-    return sql + (t.optSeason0[1]->isChecked() ? u"    AND UF.SEASON IN ('A', 'N') "_s
-                                               : u"    AND UF.SEASON IN ('A', 'S') "_s);
+    return sql + (t.band->winter() ? u"    AND UF.SEASON IN ('A', 'N') "_s
+                                   : u"    AND UF.SEASON IN ('A', 'S') "_s);
 }
 
 QString BAMAS315::receiptListSql() const {
@@ -360,17 +330,17 @@ QString BAMAS315::openListSql() const {
 
 void BAMAS315::runList(ListTab& t, const QString& sql, const QStringList& leading,
                        const QStringList& trailing) {
-    if (t.cboStore->currentIndex() < 1) {
+    if (t.band->storeCode().isEmpty()) {
         return;
     }
-    if (entryYear(t.cboYY).isEmpty()) {
+    if (entryYear(t.band->year()).isEmpty()) {
         gfsMessage(8061);
         return;
     }
     guarded(u"cmdViewSale_Click"_s, [&] {
         const WaitCursor wait;
         QList<SizeHeadingRow> headings;
-        if (!readSizeHeadings(gfComboCode(t.cboStore, t.stores), QString(), u"H"_s, headings)) {
+        if (!readSizeHeadings(t.band->storeCode(), QString(), u"H"_s, headings)) {
             return;
         }
         RecordSet rs;
@@ -425,14 +395,15 @@ void BAMAS315::cmdDelete_Click() {
 
 Screen::ReportGrid BAMAS315::listReport(int k) const {
     const ListTab& l = m_list[k];
-    const QString season = l.optSeason0[1]->isChecked() ? u"시즌 : 동복"_s : u"시즌 : 하복"_s;
-    const QString sex = l.optSchDivi[2]->isChecked()   ? u"   성별 : 남자"_s
-                        : l.optSchDivi[1]->isChecked() ? u"   성별 : 여자"_s
-                                                       : QString();
+    const QString season = l.band->winter() ? u"시즌 : 동복"_s : u"시즌 : 하복"_s;
+    const StockFilterBand::Sex sex = l.band->sex();
+    const QString sexText = sex == StockFilterBand::Sex::Boys    ? u"   성별 : 남자"_s
+                            : sex == StockFilterBand::Sex::Girls ? u"   성별 : 여자"_s
+                                                                 : QString();
     return {l.grid, k == 1 ? u"입고현황"_s : u"미입고현황"_s,
-            u"매장 : "_s + l.cboStore->currentText() + u"   브랜드 : "_s +
-                l.stores.name(l.cboStore->currentIndex()) + u"   연도 : "_s +
-                l.cboYY->currentText() + u"   "_s + season + sex + u"   조회기간 : "_s +
+            u"매장 : "_s + l.band->store()->currentText() + u"   브랜드 : "_s +
+                l.band->storeBrand() + u"   연도 : "_s + l.band->year()->currentText() + u"   "_s +
+                season + sexText + u"   조회기간 : "_s +
                 l.dtpStart->date().toString(u"yyyy-MM-dd"_s) + u" ~ "_s +
                 l.dtpEnd->date().toString(u"yyyy-MM-dd"_s),
             k == 1 ? int(RecCount) : int(OpnCount)};

@@ -10,6 +10,7 @@
 #include "grid/spreadroutines.h"
 #include "screens/stock/BAMAS315.h"
 #include "screens/stock/stockentry.h"
+#include "screens/stock/stockfilterband.h"
 #include "shell/codecontrols.h"
 
 #include <QComboBox>
@@ -46,7 +47,7 @@ QString fullDate(const QString& shown) {
 
 QString BAMAS315::receiptInsertSql(int line, bool orderLine) const {
     const LineGrid& g = lines();
-    const QString store = gfComboCode(cboStore, m_store);
+    const QString store = m_band->storeCode();
     const QString day = ymdOf(dtpStart);
     const QString supplier = g.common(line, EntOrderStore);
     Assignments a{
@@ -125,7 +126,7 @@ void BAMAS315::cmdSave2_Click() {
                           (finish == u"재입고예정"_s ? u"'I'"_s : u"'E'"_s) +
                           u", UPDDT = GETDATE(), UPDUSER = "_s + quoted(session().gsUserId) +
                           u"  WHERE COMPANY = "_s + quotedCompany() + u" AND STORECD = "_s +
-                          quoted(gfComboCode(cboStore, m_store)) + u" AND ORDERDT = "_s +
+                          quoted(m_band->storeCode()) + u" AND ORDERDT = "_s +
                           quoted(fullDate(g.common(line, EntOrderDt))) + u" AND ORDERSEQ = "_s +
                           numeric(g.common(line, EntOrderSeq)) + u" ; "_s +
                           receiptInsertSql(line, true);
