@@ -1,4 +1,7 @@
 #include "data/database.h"
+#include "data/dialect.h"
+#include "data/recordset.h"
+#include "data/schema/stockqty.h"
 #include "data/schema/storefunctions.h"
 #include "data/schema/views.h"
 #include "data/session.h"
@@ -205,6 +208,78 @@ TEST_F(ViewsTest, storeFunctions_readTheStoreThroughTheDboSpelling) {
                         "DBO.FN_STOREFULLNAME('01', '01'), DBO.FN_STORETEL('01', '01')"));
     EXPECT_EQ(scalar(QStringLiteral("SELECT INSTOREFULLNAME FROM T_OUTBOUND")),
               QStringLiteral("청운교복 강남점"));
+}
+
+// Two stores selling the same lines over four model years: one store's stock read through its
+// own scoped select is, row for row and figure for figure, what the whole view holds for it.
+class StoreStockTest : public ViewsTest {
+protected:
+    void SetUp() override {
+        ViewsTest::SetUp();
+        loadFixture(QStringLiteral("stock_history.sql"));
+    }
+    // Every row of a select, "field|field|..." in key order.
+    QStringList rows(const QString& select) {
+        Database& db = *session().gDb;
+        const RecordSet rs = db.select(QStringLiteral("SELECT * FROM (") + select +
+                                       QStringLiteral(") R ORDER BY COMPANY, STORECD, SCHOOLCD, "
+                                                      "SUDIVIDE, YYYY, UNIFORMCD"));
+        QStringList out;
+        for (qsizetype row = 0; row < rs.recordCount(); ++row) {
+            QStringList fields;
+            for (int field = 0; field < rs.fieldCount(); ++field) {
+                fields << rs.at(row, field);
+            }
+            out << fields.join(QLatin1Char('|'));
+        }
+        return out;
+    }
+    QStringList scoped(const StockQtyScope& scope) {
+        return rows(stockQtySelect(session().gDb->dialect(), scope));
+    }
+    QStringList fromView(const QString& where) {
+        return rows(QStringLiteral("SELECT * FROM VIW_STOCKQTY_TEMP WHERE ") + where);
+    }
+};
+
+TEST_F(StoreStockTest, aStoresScopedStock_isTheViewsRowsForThatStore) {
+    const QStringList gangnam = scoped({QStringLiteral("01"), QStringLiteral("01"), QString()});
+    const QStringList seocho = scoped({QStringLiteral("01"), QStringLiteral("03"), QString()});
+    // Two schools, two items, six model years each.
+    ASSERT_EQ(gangnam.size(), 24);
+    EXPECT_EQ(gangnam, fromView(QStringLiteral("COMPANY = '01' AND STORECD = '01'")));
+    EXPECT_EQ(seocho, fromView(QStringLiteral("COMPANY = '01' AND STORECD = '03'")));
+    EXPECT_EQ(scoped({QStringLiteral("01"), QStringLiteral("03"), QStringLiteral("2023")}),
+              fromView(QStringLiteral("COMPANY = '01' AND STORECD = '03' AND YYYY = '2023'")));
+    EXPECT_EQ(scoped({QStringLiteral("01"), QString(), QString()}).size(),
+              count(QStringLiteral("VIW_STOCKQTY_TEMP")));
+    EXPECT_TRUE(scoped({QStringLiteral("02"), QStringLiteral("01"), QString()}).isEmpty());
+
+    // Figures counted by hand, so that view and scoped select cannot agree on a wrong sum.
+    // 서초점's 2023 jacket: opening 6 at 100; 4 sold at 95, one of them reserved and unsecured.
+    EXPECT_TRUE(seocho.contains(QStringLiteral("01|03|001|1|2023|NB01|-3|6|0|") +
+                                QStringLiteral("0|").repeated(20) + QStringLiteral("0")));
+    // 강남점's 2022 jacket: opening (2, 5) twice for two receipt rows, 1 + 1 received at 95, two
+    // equal transfers of 1 at 90 counted once, 3 sold at 95 less one unsecured reservation;
+    // none of 서초점's sales of the same line.
+    EXPECT_TRUE(gangnam.contains(QStringLiteral("01|01|001|1|2022|NB01|3|10|0|") +
+                                 QStringLiteral("0|").repeated(20) + QStringLiteral("0")));
+    // The common shirt sold at 한빛중 belongs to 한빛초, whose Kids labels have no 90.
+    EXPECT_TRUE(gangnam.contains(QStringLiteral("01|01|001|1|2024|NB0301|-1|2|0|") +
+                                 QStringLiteral("0|").repeated(20) + QStringLiteral("0")));
+}
+
+TEST_F(StoreStockTest, theScopedSelectIsPlainTsqlOnTheServer) {
+    const QString server = stockQtySelect(Dialect(Dialect::Engine::SqlServer),
+                                          {QStringLiteral("01"), QStringLiteral("03"),
+                                           QStringLiteral("2024")});
+    for (const char* sqliteOnly : {"||", "IFNULL", "SUBSTR(", "LENGTH(", "WITH "}) {
+        EXPECT_FALSE(server.contains(QString::fromLatin1(sqliteOnly))) << sqliteOnly;
+    }
+    EXPECT_TRUE(server.contains(QStringLiteral("CONVERT(CHAR(2), RTRIM(UF.UNIFORMSEQ))")));
+    // The store stands in each leg: titles (twice), slips and outbound rows.
+    EXPECT_EQ(server.count(QStringLiteral(".STORECD = '03'")), 4);
+    EXPECT_EQ(server.count(QStringLiteral("'2024'")), 4);
 }
 
 } // namespace

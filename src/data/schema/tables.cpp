@@ -355,9 +355,11 @@ std::vector<TableDef> slipTables() {
                           .number("DCAMT"),
                       "COMPANY,STORECD,SCHOOLCD,ORDDT,ORDSEQ",
                       // sales by hand-over day; payments and pieces find their slip without
-                      // the school
+                      // the school; the stock reads whether a slip counts from the index alone
                       {QStringLiteral("COMPANY, HANDDT, STORECD"),
-                       QStringLiteral("COMPANY, STORECD, ORDDT, ORDSEQ")}));
+                       QStringLiteral("COMPANY, STORECD, ORDDT, ORDSEQ"),
+                       QStringLiteral(
+                           "COMPANY, STORECD, SCHOOLCD, ORDDT, ORDSEQ, STATNM, BILLNO, CANCELDT")}));
     t.push_back(table("S_ORDERDETAIL",
                       slipKey()
                           .text("PKEY", 20)
@@ -373,7 +375,10 @@ std::vector<TableDef> slipTables() {
                           .text("DELIVERY", 10)
                           .text("SCHOOLNM", 22)
                           .text("UNIFORMNM", 20),
-                      "COMPANY,STORECD,SCHOOLCD,ORDDT,ORDSEQ,PKEY"));
+                      "COMPANY,STORECD,SCHOOLCD,ORDDT,ORDSEQ,PKEY",
+                      // the stock reads a slip's lines from the index alone
+                      {QStringLiteral("COMPANY, STORECD, SCHOOLCD, ORDDT, ORDSEQ, PKEY, "
+                                      "UNIFORMCD, YYYY, SIZETAB, SIZE, CNT")}));
     t.push_back(table("S_RETURN",
                       slipKey()
                           .text("UNIFORMCD", 6)
@@ -430,7 +435,9 @@ std::vector<TableDef> slipTables() {
                           .text("DEBENTURE", 20)
                           .text("DELIVERYNO", 20)
                           .code("USEYN", 1),
-                      "COMPANY,STORECD,ORDDT,ORDSEQ,PKEY,RESEQ"));
+                      "COMPANY,STORECD,ORDDT,ORDSEQ,PKEY,RESEQ",
+                      // the stock's reservations of a store, read from the index alone
+                      {QStringLiteral("COMPANY, STORECD, ORDDT, ORDSEQ, PKEY, RESERVEDT")}));
     t.push_back(table(
         "S_DELIVERY",
         slipKeyNoSchool().number("DELIVERYAMT").text("DELIVERYADDR", 200).text("DELIVERYMEMO", 200),

@@ -8,51 +8,76 @@
 namespace {
 
 // Sales by item, year and size label, less reservations whose goods are still on the shelf.
+//
+// A store's sales grow with every year it keeps, so the work per sale line is kept to reading
+// two indexes (S_ORDERHEAD and S_ORDERDETAIL cover every column read) and one grouping by the
+// columns as stored. The reservations, far fewer, come as a second leg of negative counts for
+// the lines they belong to, rather than a look-up for every line; the school of a common item
+// and the sex are worked out once per group rather than once per line. A common item sold at
+// two schools may so give two rows for one school: the report adds them up either way.
+// A line without a count stays without one, reservations or not.
 QString saleStep(const StockFilter& f, const Dialect& d) {
     const QString nl = d.nolock();
-    return QStringLiteral(" V_SALE AS ( "
-                          "   SELECT OH.COMPANY, OH.STORECD, "
-                          "          CASE WHEN RTRIM(SUBSTRING(OD.UNIFORMCD, 5, 2)) > '' THEN "
-                          "SS.SCHOOLCD ELSE OH.SCHOOLCD END SCHOOLCD, "
-                          "          CASE WHEN SUBSTRING(OD.UNIFORMCD, 2, 1) = 'B' THEN '1' "
-                          "               WHEN SUBSTRING(OD.UNIFORMCD, 2, 1) = 'G' THEN '2' END "
-                          "SCHDIV, "
-                          "          OD.UNIFORMCD, OD.YYYY, OD.SIZETAB, OD.SIZE, SUM(OD.CNT - "
-                          "ISNULL(RP.RPCNT, 0)) CNT "
-                          "     FROM S_ORDERHEAD OH %1 "
-                          "     JOIN S_ORDERDETAIL OD %1 ON OD.COMPANY = OH.COMPANY AND OD.STORECD "
-                          "= OH.STORECD "
-                          "      AND OD.SCHOOLCD = OH.SCHOOLCD AND OD.ORDDT = OH.ORDDT AND "
-                          "OD.ORDSEQ = OH.ORDSEQ "
-                          "     LEFT OUTER JOIN (SELECT COMPANY, STORECD, ORDDT, ORDSEQ, PKEY, "
-                          "COUNT(RESERVEDT) RPCNT "
-                          "                        FROM S_REPAIRDETAIL %1 "
-                          "                       WHERE ISNULL(RESERVEDT, '') > '' AND "
-                          "LEN(RESERVEDT) < 5 " // 예약 미확보분
-                          "                         AND COMPANY = %2 AND STORECD = %3 "
-                          "                       GROUP BY COMPANY, STORECD, ORDDT, ORDSEQ, PKEY) "
-                          "RP "
-                          "       ON RP.COMPANY = OD.COMPANY AND RP.STORECD = OD.STORECD AND "
-                          "RP.ORDDT = OD.ORDDT "
-                          "      AND RP.ORDSEQ = OD.ORDSEQ AND RP.PKEY = OD.PKEY "
-                          "     LEFT OUTER JOIN (SELECT COMPANY, %4 UNIFORMCD, MAX(SCHOOLCD) "
-                          "SCHOOLCD "
-                          "                        FROM C_SCHOOLUNIFORM SU %1 "
-                          "                       GROUP BY COMPANY, %4) SS "
-                          "       ON SS.COMPANY = OD.COMPANY AND SS.UNIFORMCD = OD.UNIFORMCD "
-                          "    WHERE OH.STATNM = '완료' AND ISNULL(OH.BILLNO, '') > '' AND "
-                          "ISNULL(OH.CANCELDT, '') = '' "
-                          "      AND OH.COMPANY = %2 AND OH.STORECD = %3 "
-                          "    GROUP BY OH.COMPANY, OH.STORECD, "
-                          "          CASE WHEN RTRIM(SUBSTRING(OD.UNIFORMCD, 5, 2)) > '' THEN "
-                          "SS.SCHOOLCD ELSE OH.SCHOOLCD END, "
-                          "          CASE WHEN SUBSTRING(OD.UNIFORMCD, 2, 1) = 'B' THEN '1' "
-                          "               WHEN SUBSTRING(OD.UNIFORMCD, 2, 1) = 'G' THEN '2' END, "
-                          "          OD.UNIFORMCD, OD.YYYY, OD.SIZETAB, OD.SIZE) ")
-        .arg(nl, quoted(f.company), quoted(f.store), itemFullCode(d, QStringLiteral("SU")));
+    QString sql = QStringLiteral(
+        " V_SALE AS ( "
+        "   SELECT VS.COMPANY, VS.STORECD, "
+        "          CASE WHEN RTRIM(SUBSTRING(VS.UNIFORMCD, 5, 2)) > '' THEN SS.SCHOOLCD "
+        "ELSE VS.SCHOOLCD END SCHOOLCD, "
+        "          CASE WHEN SUBSTRING(VS.UNIFORMCD, 2, 1) = 'B' THEN '1' "
+        "               WHEN SUBSTRING(VS.UNIFORMCD, 2, 1) = 'G' THEN '2' END SCHDIV, "
+        "          VS.UNIFORMCD, VS.YYYY, VS.SIZETAB, VS.SIZE, VS.CNT "
+        "     FROM (SELECT LN.COMPANY, LN.STORECD, LN.SCHOOLCD, LN.UNIFORMCD, LN.YYYY, "
+        "LN.SIZETAB, LN.SIZE, SUM(LN.CNT) CNT "
+        "             FROM (SELECT OH.COMPANY, OH.STORECD, OH.SCHOOLCD, OD.UNIFORMCD, OD.YYYY, "
+        "OD.SIZETAB, OD.SIZE, OD.CNT "
+        "                     FROM S_ORDERHEAD OH {NL} "
+        "                     JOIN S_ORDERDETAIL OD {NL} ON OD.COMPANY = OH.COMPANY "
+        "AND OD.STORECD = OH.STORECD "
+        "                      AND OD.SCHOOLCD = OH.SCHOOLCD AND OD.ORDDT = OH.ORDDT "
+        "AND OD.ORDSEQ = OH.ORDSEQ "
+        "                    WHERE {COUNTS} "
+        "                   UNION ALL "
+        "                   SELECT OH.COMPANY, OH.STORECD, OH.SCHOOLCD, OD.UNIFORMCD, OD.YYYY, "
+        "OD.SIZETAB, OD.SIZE, -RP.RPCNT "
+        "                     FROM (SELECT COMPANY, STORECD, ORDDT, ORDSEQ, PKEY, "
+        "COUNT(RESERVEDT) RPCNT "
+        "                             FROM S_REPAIRDETAIL {NL} "
+        "                            WHERE ISNULL(RESERVEDT, '') > '' AND LEN(RESERVEDT) < 5 " // 예약 미확보분
+        "                              AND COMPANY = {CO} AND STORECD = {ST} "
+        "                            GROUP BY COMPANY, STORECD, ORDDT, ORDSEQ, PKEY) RP "
+        "                     JOIN S_ORDERHEAD OH {NL} ON OH.COMPANY = RP.COMPANY "
+        "AND OH.STORECD = RP.STORECD "
+        "                      AND OH.ORDDT = RP.ORDDT AND OH.ORDSEQ = RP.ORDSEQ "
+        "                     JOIN S_ORDERDETAIL OD {NL} ON OD.COMPANY = OH.COMPANY "
+        "AND OD.STORECD = OH.STORECD "
+        "                      AND OD.SCHOOLCD = OH.SCHOOLCD AND OD.ORDDT = OH.ORDDT "
+        "AND OD.ORDSEQ = OH.ORDSEQ AND OD.PKEY = RP.PKEY "
+        "                    WHERE {COUNTS} AND OD.CNT IS NOT NULL) LN "
+        "            GROUP BY LN.COMPANY, LN.STORECD, LN.SCHOOLCD, LN.UNIFORMCD, LN.YYYY, "
+        "LN.SIZETAB, LN.SIZE) VS "
+        "     LEFT OUTER JOIN (SELECT COMPANY, {CODE} UNIFORMCD, MAX(SCHOOLCD) SCHOOLCD "
+        "                        FROM C_SCHOOLUNIFORM SU {NL} "
+        "                       WHERE RTRIM(SU.UNIFORMCOMSEQ) > '' "
+        "                       GROUP BY COMPANY, {CODE}) SS "
+        "       ON SS.COMPANY = VS.COMPANY AND SS.UNIFORMCD = RTRIM(VS.UNIFORMCD)) ");
+    // Completed, billed and not cancelled slips of the store, lines of the report's years.
+    sql.replace(QStringLiteral("{COUNTS}"),
+                QStringLiteral("OH.STATNM = '완료' AND ISNULL(OH.BILLNO, '') > '' "
+                               "AND ISNULL(OH.CANCELDT, '') = '' "
+                               "AND OH.COMPANY = {CO} AND OH.STORECD = {ST} "
+                               "AND OD.YYYY BETWEEN {FROM} AND {TO}"));
+    sql.replace(QStringLiteral("{NL}"), nl);
+    sql.replace(QStringLiteral("{CO}"), quoted(f.company));
+    sql.replace(QStringLiteral("{ST}"), quoted(f.store));
+    sql.replace(QStringLiteral("{FROM}"), quoted(f.yearFrom));
+    sql.replace(QStringLiteral("{TO}"), quoted(f.yearTo));
+    sql.replace(QStringLiteral("{CODE}"), itemFullCode(d, QStringLiteral("SU")));
+    return sql;
 }
 
 // Every sellable line of the store with its labels: sales and receipts are read against it.
+// Each step keeps to the report's model years itself, so that no step reads the store's other
+// years only for the last one to drop them.
 QString titleStep(const StockFilter& f, const Dialect& d) {
     return QStringLiteral(
                " V_Title AS ( "
@@ -61,9 +86,10 @@ QString titleStep(const StockFilter& f, const Dialect& d) {
                "          BS.SIZETAB, %1 "
                "     FROM C_UNIFORM UF %2, VIW_SCHUNIFOMSIZE2 BS %2 "
                "    WHERE UF.USEYN = 'Y' AND UF.COMPANY = BS.COMPANY AND UF.SIZETAB = BS.SIZETAB "
-               "      AND BS.CD = %3 AND BS.COMPANY = %4 AND BS.STORECD = %5) ")
+               "      AND BS.CD = %3 AND BS.COMPANY = %4 AND BS.STORECD = %5 "
+               "      AND BS.BSYYYY BETWEEN %6 AND %7) ")
         .arg(eachSize(QStringLiteral("BS.C%1")), d.nolock(), itemFullCode(d, QStringLiteral("UF")),
-             quoted(f.company), quoted(f.store));
+             quoted(f.company), quoted(f.store), quoted(f.yearFrom), quoted(f.yearTo));
 }
 
 // Three legs over the same 24 positions: sales out, outbound rows out, opening stock and
@@ -88,6 +114,7 @@ QString arithmeticStep(const StockFilter& f, const Dialect& d) {
         "VST.STORECD = OB.STORECD "
         "      AND VST.CD = OB.UNIFORMCD AND VST.BSYYYY = OB.OUTYYYY "
         "    WHERE VST.SIZETAB IS NOT NULL AND OB.COMPANY = {CO} AND OB.STORECD = {ST} "
+        "      AND OB.OUTYYYY BETWEEN {FROM} AND {TO} "
         "   UNION ALL "
         "   SELECT AA.COMPANY, AA.STORECD, AA.SCHOOLCD, AA.SUDIVIDE, AA.CD, AA.BSYYYY, AA.SIZETAB, "
         "{ZEROO}, {IN}, '' "
@@ -111,6 +138,8 @@ QString arithmeticStep(const StockFilter& f, const Dialect& d) {
     legs.replace(QStringLiteral("{NL}"), nl);
     legs.replace(QStringLiteral("{CO}"), quoted(f.company));
     legs.replace(QStringLiteral("{ST}"), quoted(f.store));
+    legs.replace(QStringLiteral("{FROM}"), quoted(f.yearFrom));
+    legs.replace(QStringLiteral("{TO}"), quoted(f.yearTo));
     return QStringLiteral(
                " T_VIEW_STOCKQTY AS ( "
                "   SELECT COMPANY, STORECD, SCHOOLCD, SUDIVIDE, CD UNIFORMCD, YYYY, SIZETAB, %1, "

@@ -1,5 +1,8 @@
 #include "data/schema/views.h"
 
+#include "data/dialect.h"
+#include "data/schema/stockqty.h"
+
 // View bodies in SQLite's dialect. Text columns carry the RTRIM collation, so the equalities
 // below ignore trailing blanks as the server's CHAR columns do.
 
@@ -88,94 +91,6 @@ SELECT COMPANY, STORECD, SCHOOLCD, SUDIVIDE, INYYYY, UNIFORMCD, ORDERDT, OUTBOUN
         .arg(eachSize(QStringLiteral("SUM(IFNULL(I%1, 0))")));
 }
 
-// Stock per store, school, sex, item and model year: opening stock and receipts in, sales
-// (less reservations not yet secured, still on the shelf) and every outbound row out. The
-// arithmetic is the stock report's, quirks included, so that a screen reading this view
-// agrees with the report: opening stock is counted once per receipt row of its line, outbound
-// rows that agree in every column but the date count once unless they are corrections, and a
-// common item's sales gather under the greatest school that offers it.
-QString stockQty() {
-    const QString sdCode =
-        QStringLiteral("SU.COMPANY = OD.COMPANY AND SU.SEASON = SUBSTR(OD.UNIFORMCD, 1, 1) "
-                       "AND SU.DIVIDE = SUBSTR(OD.UNIFORMCD, 2, 1) "
-                       "AND SU.UNIFORMSEQ = RTRIM(SUBSTR(OD.UNIFORMCD, 3, 2)) "
-                       "AND SU.UNIFORMCOMSEQ = RTRIM(SUBSTR(OD.UNIFORMCD, 5, 2))");
-    QString sql = QStringLiteral(R"(
-WITH
-V_SALE AS NOT MATERIALIZED (
-    SELECT OH.COMPANY, OH.STORECD,
-           CASE WHEN RTRIM(SUBSTR(OD.UNIFORMCD, 5, 2)) > ''
-                THEN (SELECT MAX(SU.SCHOOLCD) FROM C_SCHOOLUNIFORM SU WHERE {SDCODE})
-                ELSE OH.SCHOOLCD END SCHOOLCD,
-           CASE SUBSTR(OD.UNIFORMCD, 2, 1) WHEN 'B' THEN '1' WHEN 'G' THEN '2' END SCHDIV,
-           OD.UNIFORMCD, OD.YYYY, OD.SIZETAB, OD.SIZE,
-           SUM(OD.CNT - IFNULL((SELECT COUNT(RD.RESERVEDT) FROM S_REPAIRDETAIL RD
-                                 WHERE RD.COMPANY = OD.COMPANY AND RD.STORECD = OD.STORECD
-                                   AND RD.ORDDT = OD.ORDDT AND RD.ORDSEQ = OD.ORDSEQ
-                                   AND RD.PKEY = OD.PKEY
-                                   AND IFNULL(RD.RESERVEDT, '') > ''
-                                   AND LENGTH(RTRIM(RD.RESERVEDT)) < 5), 0)) CNT
-      FROM S_ORDERHEAD OH
-      JOIN S_ORDERDETAIL OD ON OD.COMPANY = OH.COMPANY AND OD.STORECD = OH.STORECD
-                           AND OD.SCHOOLCD = OH.SCHOOLCD AND OD.ORDDT = OH.ORDDT
-                           AND OD.ORDSEQ = OH.ORDSEQ
-     WHERE OH.STATNM = '완료' AND IFNULL(OH.BILLNO, '') > '' AND IFNULL(OH.CANCELDT, '') = ''
-     GROUP BY 1, 2, 3, 4, 5, 6, 7, 8),
-V_TITLE AS NOT MATERIALIZED (
-    SELECT DISTINCT BS.SCHOOLCD, BS.SUDIVIDE, BS.CD, BS.COMPANY, BS.STORECD, BS.BSYYYY,
-           BS.SIZETAB, {BSLABELS}
-      FROM C_UNIFORM UF, VIW_SCHUNIFOMSIZE2 BS
-     WHERE UF.USEYN = 'Y' AND UF.COMPANY = BS.COMPANY AND UF.SIZETAB = BS.SIZETAB
-       AND BS.CD = {UFCODE})
-SELECT COMPANY, STORECD, SCHOOLCD, SUDIVIDE, YYYY, UNIFORMCD,
-       {STOCK}
-  FROM (
-    SELECT VT.COMPANY, VT.STORECD, VT.SCHOOLCD, VT.SUDIVIDE, VT.CD UNIFORMCD, VT.BSYYYY YYYY,
-           {SOLD},
-           {ZEROB}
-      FROM V_TITLE VT
-      LEFT JOIN V_SALE VS ON VS.COMPANY = VT.COMPANY AND VS.STORECD = VT.STORECD
-                         AND VS.SCHOOLCD = VT.SCHOOLCD AND VS.SCHDIV = VT.SUDIVIDE
-                         AND VS.UNIFORMCD = VT.CD AND VS.YYYY = VT.BSYYYY
-    UNION ALL
-    SELECT COMPANY, STORECD, SCHOOLCD, SUDIVIDE, UNIFORMCD, OUTYYYY, {OUTQ}, {ZEROB}
-      FROM (SELECT DISTINCT OB.COMPANY, OB.STORECD, OB.SCHOOLCD, OB.SUDIVIDE, OB.UNIFORMCD,
-                   OB.OUTYYYY, VST.SIZETAB, {OUTCOLS},
-                   CASE WHEN OB.OUTBOUNDGB = 'D' THEN OB.OUTBOUNDDT ELSE '' END UPDDT
-              FROM T_OUTBOUND OB
-              LEFT JOIN VIW_SCHUNIFOMSIZE VST ON VST.COMPANY = OB.COMPANY
-                                             AND VST.STORECD = OB.STORECD
-                                             AND VST.CD = OB.UNIFORMCD
-                                             AND VST.BSYYYY = OB.OUTYYYY
-             WHERE VST.SIZETAB IS NOT NULL)
-    UNION ALL
-    SELECT AA.COMPANY, AA.STORECD, AA.SCHOOLCD, AA.SUDIVIDE, AA.CD, AA.BSYYYY,
-           {ZEROO},
-           {INQ}
-      FROM V_TITLE AA
-      LEFT JOIN T_BASSTOCKQTY BS ON BS.COMPANY = AA.COMPANY AND BS.STORECD = AA.STORECD
-                                AND BS.SCHOOLCD = AA.SCHOOLCD AND BS.UNIFORMCD = AA.CD
-                                AND BS.YYYY = AA.BSYYYY
-      LEFT JOIN T_INBOUND TIN ON TIN.COMPANY = AA.COMPANY AND TIN.STORECD = AA.STORECD
-                             AND TIN.SCHOOLCD = AA.SCHOOLCD AND TIN.UNIFORMCD = AA.CD
-                             AND TIN.INYYYY = AA.BSYYYY)
- GROUP BY COMPANY, STORECD, SCHOOLCD, SUDIVIDE, YYYY, UNIFORMCD)");
-    sql.replace(QStringLiteral("{SDCODE}"), sdCode);
-    sql.replace(QStringLiteral("{BSLABELS}"), eachSize(QStringLiteral("BS.C%1")));
-    sql.replace(QStringLiteral("{UFCODE}"), itemCode(QStringLiteral("UF")));
-    sql.replace(QStringLiteral("{STOCK}"), eachSize(QStringLiteral("SUM(B%1) - SUM(O%1)")));
-    sql.replace(QStringLiteral("{SOLD}"),
-                eachSize(QStringLiteral("CASE WHEN VT.C%1 = IFNULL(VS.SIZE, '') "
-                                        "THEN IFNULL(VS.CNT, 0) ELSE 0 END O%1")));
-    sql.replace(QStringLiteral("{ZEROB}"), eachSize(QStringLiteral("0 B%1")));
-    sql.replace(QStringLiteral("{ZEROO}"), eachSize(QStringLiteral("0 O%1")));
-    sql.replace(QStringLiteral("{OUTCOLS}"), eachSize(QStringLiteral("IFNULL(OB.O%1, 0) Q%1")));
-    sql.replace(QStringLiteral("{OUTQ}"), eachSize(QStringLiteral("Q%1")));
-    sql.replace(QStringLiteral("{INQ}"),
-                eachSize(QStringLiteral("IFNULL(BS.C%1, 0) + IFNULL(TIN.I%1, 0) B%1")));
-    return sql;
-}
-
 } // namespace
 
 QString sqliteViewBody(const QString& name) {
@@ -192,7 +107,7 @@ QString sqliteViewBody(const QString& name) {
         return inbound();
     }
     if (name == QLatin1String("VIW_STOCKQTY_TEMP")) {
-        return stockQty();
+        return stockQtySelect(Dialect(Dialect::Engine::Sqlite));
     }
     return QString();
 }
