@@ -46,6 +46,10 @@ void gsErrorLog(const DbError& error, const QString& place, const QString& state
 // empty place only claims it.
 quint64 gsErrorMark();
 void gsErrorLogCommand(quint64 mark, const QString& place);
+// The C_ERROR row alone, without a box: a command whose statement failed (and was shown and
+// logged by the statement routine) adds its own place, so the log says which screen failed.
+void gsErrorLogRow(qint64 number, const QString& description, const QString& place,
+                   const QString& statement);
 // Writes the C_ERROR rows that failures inside a transaction held back, so that the rollback
 // which follows such a failure does not take its log row with it. Transactions call it when
 // they end.

@@ -10,10 +10,12 @@
 #include "data/waitcursor.h"
 #include "grid/excelexport.h"
 #include "grid/gridcolumns.h"
+#include "grid/linegrid.h"
 #include "grid/numerictext.h"
 #include "grid/spreadmodel.h"
 #include "grid/spreadroutines.h"
 #include "screens/stock/sizeheadings.h"
+#include "screens/stock/stockfilterband.h"
 #include "shell/codecontrols.h"
 
 #include <QComboBox>
@@ -81,14 +83,12 @@ const GridColumns& reportColumns() {
 
 BAMAS330::BAMAS330() : Screen(QStringLiteral("BAMAS330"), QStringLiteral("재고관리")) {}
 
+BAMAS330::~BAMAS330() = default;
+
 void BAMAS330::setupScreen() {
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
-    auto* correction = new QWidget(this);
-    auto* placeholder = new QVBoxLayout(correction);
-    placeholder->addWidget(new QLabel(QStringLiteral("재고보정/등록은 준비 중입니다."), correction),
-                           0, Qt::AlignCenter);
-    SSTab1->addTab(correction, QStringLiteral("재고보정/등록"));
+    SSTab1->addTab(buildEntryTab(), QStringLiteral("재고보정/등록"));
     SSTab1->addTab(buildStockTab(), QStringLiteral("재고현황"));
     SSTab1->setCurrentIndex(1);
     contentLayout()->addWidget(SSTab1, 1);
@@ -104,7 +104,7 @@ void BAMAS330::setupScreen() {
         m_currentYear = rs.value(0).trimmed();
     }
     const int year = m_currentYear.toInt();
-    for (QComboBox* yy : cboYY1) {
+    for (QComboBox* yy : {cboYY1[0], cboYY1[1], cboYY0[0], cboYY0[1]}) {
         for (int y : {year + 1, year, year - 1, year - 2, year - 3}) {
             yy->addItem(QString::number(y).right(2));
         }
@@ -120,6 +120,18 @@ void BAMAS330::setupScreen() {
     gsReadCode(cboGT29, m_gt29, QStringLiteral("GT29"));
     fillSchools();
     fillUniforms();
+
+    // The band's level list; its store list is the brand's, as on tab 1.
+    m_band0->readCodes();
+    gsReadCode(cboBrand0, m_brand0, QStringLiteral("BRD"));
+    gsReadCode(cboStore0, m_store0, QStringLiteral("BRDSTORE"), QString());
+    gsReadCode(cboGT23_0, m_gt23_0, QStringLiteral("GT23"));
+    gsReadCode(cboGT22_0, m_gt22_0, QStringLiteral("GT22"));
+    gsReadCode(cboGT28_0, m_gt28_0, QStringLiteral("GT28"));
+    cboGT28_0->setItemText(0, QStringLiteral("주부품목"));
+    gsReadCode(cboGT29_0, m_gt29_0, QStringLiteral("GT29"));
+    fillEntryUniforms();
+    clearMode();
 }
 
 QWidget* BAMAS330::buildStockTab() {

@@ -309,3 +309,8 @@ QString stockStatement(const StockFilter& f, StockReport report, const Dialect& 
                           "UNITYPE, DISP_SEQ, "
                           "UNIFORMNAME, BSYYYY DESC");
 }
+
+QString stockQuantitySteps(const StockFilter& f, const Dialect& d) {
+    return saleStep(f, d) + QLatin1Char(',') + titleStep(f, d) + QLatin1Char(',') +
+           arithmeticStep(f, d);
+}

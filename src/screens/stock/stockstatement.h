@@ -31,3 +31,8 @@ enum class StockReport { Split, Merged, CarryOver };
 // Fields: merge key, store, school, sex, item, year label, total (empty), size table, the 24
 // quantities, model year, last correction date.
 QString stockStatement(const StockFilter& filter, StockReport report, const Dialect& d);
+
+// The statement's first three named sub-selects (V_SALE, V_Title, T_VIEW_STOCKQTY), comma
+// separated and without the WITH, for the statements that read stock line by line as the
+// report does (registration and correction) and add sub-selects of their own after them.
+QString stockQuantitySteps(const StockFilter& filter, const Dialect& d);
