@@ -223,6 +223,11 @@ void gsErrorLog(qint64 number, const QString& description, const QString& place,
         session().endProcess(1);
         return;
     }
+    gsErrorLogRow(number, description, place, statement);
+}
+
+void gsErrorLogRow(qint64 number, const QString& description, const QString& place,
+                   const QString& statement) {
     if (errorLogDepth > 0) {
         // The insert into C_ERROR itself failed and came back here: its box is shown, and the
         // program goes on without the log row.

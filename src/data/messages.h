@@ -40,6 +40,9 @@ void gfsPlainBox(const QString& text, const QString& title = QStringLiteral("TOR
 void gsErrorLog(qint64 number, const QString& description, const QString& place,
                 const QString& statement);
 void gsErrorLog(const DbError& error, const QString& place, const QString& statement);
+// The C_ERROR row alone, without a box: a second place of a failure already shown.
+void gsErrorLogRow(qint64 number, const QString& description, const QString& place,
+                   const QString& statement);
 // Writes the C_ERROR rows that failures inside a transaction held back, so that the rollback
 // which follows such a failure does not take its log row with it. Transactions call it when
 // they end.

@@ -260,3 +260,19 @@ TEST_F(Bamas315, openRemaindersAndTheServersSpelling) {
         EXPECT_TRUE(sql.contains(QStringLiteral("WITH(NOLOCK)"))) << sql.toStdString();
     }
 }
+
+TEST_F(Bamas315, aFailedSaveLogsTheStatementAndTheCommandAndBooksNothing) {
+    enter(2, 1, QStringLiteral("4"));
+    choose(2, Qt::Key_Home);
+    exec(QStringLiteral("CREATE TRIGGER no_receipt BEFORE INSERT ON T_INBOUND "
+                        "BEGIN SELECT RAISE(ABORT, 'database is locked'); END"));
+    save();
+    EXPECT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(count(QStringLiteral("T_INBOUND")), 0);
+    EXPECT_EQ(state(), QStringLiteral("A")); // the order's state went back with the rest
+    EXPECT_EQ(scalar(QStringLiteral("SELECT GROUP_CONCAT(ERRPROG, '|') FROM "
+                                    "(SELECT ERRPROG FROM C_ERROR ORDER BY ROWID)")),
+              QStringLiteral("basDatabase : gfbSqlExecuteDB|BAMAS315 : sSaveQuery"));
+    EXPECT_EQ(gfSpreadText(grid, 2, kSize), QStringLiteral("4"));
+    EXPECT_EQ(gfSpreadText(grid, 2, kFinish), QStringLiteral("재입고예정"));
+}

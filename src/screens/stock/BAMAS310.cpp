@@ -160,7 +160,7 @@ void BAMAS310::cboStore_Click(int tab) {
     if (!mbLoaded) {
         return;
     }
-    guarded(u"cboStore_Click"_s, [&] { m_band[tab]->loadSchools(); });
+    command(u"cboStore_Click"_s, [&] { m_band[tab]->loadSchools(); });
 }
 
 void BAMAS310::SP1_Click(int row) {
@@ -226,7 +226,7 @@ void BAMAS310::loadEntryGrid() {
         gfsMessage(8061);
         return;
     }
-    guarded(u"SP1_Click"_s, [this] {
+    command(u"SP1_Click"_s, [this] {
         const WaitCursor wait;
         RecordSet rs;
         if (!gfbSqlSelectDB(entrySql(), rs)) {

@@ -240,7 +240,7 @@ void BAMAS310::cmdViewSale_Click() {
         gfsMessage(8061);
         return;
     }
-    guarded(u"cmdViewSale_Click"_s, [this] {
+    command(u"cmdViewSale_Click"_s, [this] {
         const WaitCursor wait;
         QList<SizeHeadingRow> headings;
         if (!readSizeHeadings(m_band[1]->storeCode(), QString(), u"H"_s, headings)) {

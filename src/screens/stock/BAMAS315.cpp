@@ -207,7 +207,7 @@ void BAMAS315::cboStore_Click() {
     if (!mbLoaded) {
         return;
     }
-    guarded(u"cboStore_Click"_s, [this] { m_band->loadSchools(); });
+    command(u"cboStore_Click"_s, [this] { m_band->loadSchools(); });
 }
 
 void BAMAS315::SP1_Click(int row) {
@@ -255,7 +255,7 @@ void BAMAS315::fillUniforms() {
                             : u" AND SCHOOL_UNIFORM.SEASON IN ('A', 'S')"_s;
     sql += m_band->mainItems() ? u" AND SCHOOL_UNIFORM.SUBMAIN IN ('1', '2')"_s
                                : u" AND SCHOOL_UNIFORM.SUBMAIN = '3'"_s;
-    guarded(u"cboUniform_Fill"_s, [&] {
+    command(u"cboUniform_Fill"_s, [&] {
         gsFillPicker(cboUniform, m_uniform, sql + u" ORDER BY 2"_s, u"전체"_s, u"**"_s);
     });
 }
@@ -386,7 +386,7 @@ void BAMAS315::loadEntryGrid() {
         gfsMessage(8061);
         return;
     }
-    guarded(u"SP1_Click"_s, [this] {
+    command(u"SP1_Click"_s, [this] {
         const WaitCursor wait;
         RecordSet rs;
         if (!gfbSqlSelectDB(ordered() ? orderedLinesSql() : unorderedLinesSql(), rs)) {

@@ -337,7 +337,7 @@ void BAMAS315::runList(ListTab& t, const QString& sql, const QStringList& leadin
         gfsMessage(8061);
         return;
     }
-    guarded(u"cmdViewSale_Click"_s, [&] {
+    command(u"cmdViewSale_Click"_s, [&] {
         const WaitCursor wait;
         QList<SizeHeadingRow> headings;
         if (!readSizeHeadings(t.band->storeCode(), QString(), u"H"_s, headings)) {
