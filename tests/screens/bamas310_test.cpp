@@ -187,6 +187,34 @@ TEST_F(Bamas310, statusListSumsUnderTheHeadingsAndCancelsTickedLinesWithoutAQues
     EXPECT_EQ(list->maxRows(), 1);
 }
 
+TEST_F(Bamas310, aFailedSaveBooksNoLineAndKeepsTheGridSoThatTheRetryBooksEachOnce) {
+    enter(2, 1, QStringLiteral("3"));
+    enter(4, 2, QStringLiteral("4"));
+    enter(6, 3, QStringLiteral("5"));
+    typeText(supplier, QStringLiteral("본사"));
+    // The second line of three fails.
+    exec(QStringLiteral("CREATE TRIGGER no_trousers BEFORE INSERT ON T_ORDER "
+                        "WHEN NEW.UNIFORMCD = 'NB02' BEGIN SELECT RAISE(ABORT, 'disk full'); END"));
+    press("cmdSave2");
+    EXPECT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(count(QStringLiteral("T_ORDER")), 0);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT GROUP_CONCAT(ERRPROG, '|') FROM "
+                                    "(SELECT ERRPROG FROM C_ERROR ORDER BY ROWID)")),
+              QStringLiteral("basDatabase : gfbSqlExecuteDB|BAMAS310 : sSaveQuery"));
+    ASSERT_EQ(entry->maxRows(), 6);
+    EXPECT_EQ(gfSpreadText(entry, 2, kEntrySize), QStringLiteral("3"));
+    EXPECT_EQ(gfSpreadText(entry, 4, kEntrySize + 1), QStringLiteral("4"));
+    EXPECT_EQ(gfSpreadText(entry, 6, kEntrySize + 2), QStringLiteral("5"));
+    EXPECT_EQ(supplier->text(), QStringLiteral("본사"));
+
+    exec(QStringLiteral("DROP TRIGGER no_trousers"));
+    press("cmdSave2");
+    EXPECT_EQ(count(QStringLiteral("T_ORDER")), 3);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT SUM(O01 + O02 + O03) FROM T_ORDER")),
+              QStringLiteral("12"));
+    EXPECT_EQ(gfSpreadText(entry, 2, kEntrySize), QString()); // reloaded after the success
+}
+
 TEST_F(Bamas310, opensFromTheTreeAndSpellsItsStatementsForTheServer) {
     {
         const ScopedDialect server(Dialect(Dialect::Engine::SqlServer));
