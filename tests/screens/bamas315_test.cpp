@@ -217,6 +217,13 @@ TEST_F(Bamas315, withoutAnOrderEveryItemIsWrittenAndTheListLeavesOutTheEmptyOnes
     EXPECT_EQ(gfSpreadText(list, 1, 5), QStringLiteral("3"));
     EXPECT_EQ(gfSpreadText(list, 1, 31), QStringLiteral("한결 역삼점'"));
     clickCell(list, 1, 33);
+    // The question first: "No" cancels nothing.
+    presenter->boxes.clear();
+    presenter->answerNo();
+    QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdDelete")), Qt::LeftButton);
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_TRUE(presenter->boxes[0].text.startsWith(QStringLiteral("체크한 모든 데이터를")));
+    EXPECT_EQ(count(QStringLiteral("T_INBOUND")), 3);
     QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdDelete")), Qt::LeftButton);
     EXPECT_EQ(list->maxRows(), 0);
     EXPECT_EQ(count(QStringLiteral("T_INBOUND")), 2);
