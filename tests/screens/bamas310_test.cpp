@@ -241,6 +241,18 @@ TEST_F(Bamas310, aFailedSaveBooksNoLineAndKeepsTheGridSoThatTheRetryBooksEachOnc
     EXPECT_EQ(gfSpreadText(entry, 2, kEntrySize), QString()); // reloaded after the success
 }
 
+TEST_F(Bamas310, theScreenOpensCleared_withThirtyBlankRowsInTheSchoolListAndTheEntryGrid) {
+    enter(2, 1, QStringLiteral("3"));
+    screen->m_Close();
+    QApplication::processEvents();
+    screen = openByNumber<BAMAS310>(310);
+    ASSERT_NE(screen, nullptr);
+    EXPECT_EQ(child<Spread>(screen, QStringLiteral("SP1"))->maxRows(), 30);
+    Spread* cleared = child<Spread>(screen, QStringLiteral("SP3"));
+    EXPECT_EQ(cleared->maxRows(), 30);
+    EXPECT_EQ(gfSpreadText(cleared, 2, kEntrySize), QString());
+}
+
 TEST_F(Bamas310, opensFromTheTreeAndSpellsItsStatementsForTheServer) {
     {
         const ScopedDialect server(Dialect(Dialect::Engine::SqlServer));

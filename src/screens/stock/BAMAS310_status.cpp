@@ -323,4 +323,5 @@ void BAMAS310::m_clear() {
     m_statusSchool.clear();
     // Blank rows under the school list and the entry grid, as an empty sheet shows.
     SP1->setMaxRows(30);
+    SP3->setMaxRows(30);
 }
