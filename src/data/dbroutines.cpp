@@ -8,6 +8,8 @@
 #include "data/sqlvalue.h"
 #include "data/waitcursor.h"
 
+#include <utility>
+
 namespace {
 
 bool connect(std::unique_ptr<Database>& db, const QString& target) {
@@ -25,6 +27,11 @@ bool connect(std::unique_ptr<Database>& db, const QString& target) {
 }
 
 bool blank(const QString& sql) { return sql.trimmed().isEmpty(); }
+
+std::optional<StatementFailure>& lastFailure() {
+    static std::optional<StatementFailure> failure;
+    return failure;
+}
 
 // The trace runs inside the save's write lock: it waits for another user's lock this long at
 // most, and after such a wait it rests a while, so that a save of many statements waits once.
@@ -75,10 +82,15 @@ bool gfbSqlSelectDB(const QString& sql, RecordSet& rs, qint64& count) {
         count = rs.recordCount();
         return true;
     } catch (const DbError& error) {
+        lastFailure() = StatementFailure{error.number(), error.description()};
         gsErrorLog(error, QStringLiteral("basDatabase : gfbSqlSelectDB"), QString());
         dropIfLost(error, session().gDb);
         return false;
     }
+}
+
+std::optional<StatementFailure> gfTakeStatementFailure() {
+    return std::exchange(lastFailure(), std::nullopt);
 }
 
 bool gfbSqlSelectDB(const QString& sql, RecordSet& rs) {
@@ -119,6 +131,7 @@ bool gfbSqlExecuteDB(const QString& sql, qint64& affected) {
         affected = session().gDb->execute(sql);
         return true;
     } catch (const DbError& error) {
+        lastFailure() = StatementFailure{error.number(), error.description()};
         gsErrorLog(error, QStringLiteral("basDatabase : gfbSqlExecuteDB"), sql);
         dropIfLost(error, session().gDb);
         return false;

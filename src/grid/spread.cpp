@@ -696,12 +696,37 @@ void Spread::onClicked(const QModelIndex& index, bool doubleClick) {
 
 bool Spread::eventFilter(QObject* watched, QEvent* event) {
     auto* viewport = qobject_cast<QWidget*>(watched);
+    if (viewport && event->type() == QEvent::ToolTip && m_tips &&
+        showCellToolTip(viewport, event)) {
+        return true;
+    }
     if (viewport && (viewport == m_top->viewport() || viewport == m_corner->viewport())) {
         if (handleResizeDrag(viewport, event)) {
             return true;
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+bool Spread::showCellToolTip(QWidget* viewport, QEvent* event) {
+    for (SpreadView* v : {m_corner, m_left, m_top, m_main}) {
+        if (v->viewport() != viewport) {
+            continue;
+        }
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QModelIndex index = v->indexAt(help->pos());
+        if (!index.isValid()) {
+            return false;
+        }
+        const QString text = m_tips(m_model->toGridRow(index.row()), index.column());
+        if (text.isEmpty()) {
+            QToolTip::hideText();
+        } else {
+            QToolTip::showText(help->globalPos(), text, viewport, v->visualRect(index));
+        }
+        return true;
+    }
+    return false;
 }
 
 // Column widths are changed by dragging a column's right edge in the heading rows.

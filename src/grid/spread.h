@@ -5,6 +5,8 @@
 #include <QTableView>
 #include <QWidget>
 
+#include <functional>
+
 class SpreadView;
 
 // The grid of every list. Screens set it up and fill it through the routines of
@@ -100,6 +102,14 @@ public:
     // that takes no focus) sees what was typed.
     void finishEditing();
 
+    // Tool tips of cells by what they hold, such as the size a quantity stands for: the text for
+    // (row, col), "" for none.
+    void setCellToolTips(std::function<QString(int row, int col)> tips) {
+        m_tips = std::move(tips);
+    }
+    // The tool tip of a cell as the mouse on it shows it.
+    QString cellToolTip(int row, int col) const { return m_tips ? m_tips(row, col) : QString(); }
+
     // Joins equal neighbours at once rather than on the next pass of the event loop.
     void updateMerges();
 
@@ -132,6 +142,7 @@ private:
     int bandWidth() const;
     void onClicked(const QModelIndex& index, bool doubleClick);
     bool handleResizeDrag(QWidget* viewport, QEvent* event);
+    bool showCellToolTip(QWidget* viewport, QEvent* event);
 
     SpreadModel* m_model;
     SpreadView* m_main;
@@ -148,4 +159,5 @@ private:
     int m_dragCol = -1;
     int m_dragStartX = 0;
     int m_dragStartWidth = 0;
+    std::function<QString(int row, int col)> m_tips;
 };

@@ -180,6 +180,19 @@ bool Screen::guarded(const QString& routine, const std::function<void()>& body, 
     return gfTrap(placeText(routine), body, rollback);
 }
 
+bool Screen::command(const QString& routine, const std::function<void()>& body, bool rollback) {
+    gfTakeStatementFailure(); // a failure of before this command is not its own
+    if (!guarded(routine, body, rollback)) {
+        return false;
+    }
+    const auto failed = gfTakeStatementFailure();
+    if (!failed) {
+        return true;
+    }
+    gsErrorLogRow(failed->number, failed->description, placeText(routine), QString());
+    return false;
+}
+
 void Screen::deleteRow(const QString& key, int question, const QString& sql) {
     if (key.isEmpty() || gfsMessage(question) != QStringLiteral("OK")) {
         return;

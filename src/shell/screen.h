@@ -79,6 +79,10 @@ protected:
     // The routine's one error trap: runs body; an unexpected failure rolls back an open
     // transaction when asked, goes to gsErrorLog with the place text, and answers false.
     bool guarded(const QString& routine, const std::function<void()>& body, bool rollback = false);
+    // guarded() for a command that sends statements: a statement that fails inside it (shown and
+    // logged by its statement routine) is logged once more under the command's place, so that
+    // the log says which screen and command failed. False after any failure.
+    bool command(const QString& routine, const std::function<void()>& body, bool rollback = false);
     // The delete command of a list screen: nothing without a key, the screen's question, the
     // statement in a transaction, then the clear routine and the list again.
     void deleteRow(const QString& key, int question, const QString& sql);

@@ -320,6 +320,9 @@ TEST_F(Bamas105, schoolNoticeSavesWithThreeDigitNumbersAndUpdatesThePeriodInForc
     QTest::keyClick(school, Qt::Key_Down);
     ASSERT_EQ(school->currentText(), QStringLiteral("희망고"));
     EXPECT_TRUE(text->text().isEmpty());
+    // Nor its period: the dates start from today.
+    EXPECT_EQ(start->date(), QDate::currentDate());
+    EXPECT_EQ(end->date(), QDate::currentDate());
 }
 
 TEST_F(Bamas105, enterWalksTheBandAsItReadsPastTheOptionsAndRoundToTheKind) {

@@ -150,7 +150,7 @@ TEST_F(Bamas310, refusalsKeepWhatWasTyped) {
     EXPECT_TRUE(lastBox().startsWith(QStringLiteral("발주 연식 없이")));
 }
 
-TEST_F(Bamas310, statusListSumsUnderTheHeadingsAndCancelsTickedLinesWithoutAQuestion) {
+TEST_F(Bamas310, statusListSumsUnderTheHeadingsAndCancelsTheTickedLinesAfterAsking) {
     exec(QStringLiteral(
              "INSERT INTO T_ORDER (COMPANY, STORECD, ORDERDT, ORDERSEQ, SCHOOLCD, SUDIVIDE, "
              "UNIFORMCD, "
@@ -176,15 +176,81 @@ TEST_F(Bamas310, statusListSumsUnderTheHeadingsAndCancelsTickedLinesWithoutAQues
     EXPECT_EQ(gfSpreadText(list, -1000, 8), QStringLiteral("X")); // the heading of the size table
     EXPECT_EQ(gfSpreadText(list, -1000, kStatusSize), QStringLiteral("95"));
 
-    press("cmdDelete"); // nothing ticked: the list only runs again
+    press("cmdDelete"); // nothing ticked: no question, the list only runs again
+    EXPECT_TRUE(presenter->boxes.isEmpty());
     EXPECT_EQ(count(QStringLiteral("T_ORDER")), 3);
     clickCell(list, 1, kStatusCheck);
+    clickCell(list, 2, kStatusCheck);
     ASSERT_EQ(gfSpreadCellText(list, 1, kStatusCheck, false), QStringLiteral("1"));
+
+    // "No" deletes nothing and keeps the ticks.
+    presenter->answerNo();
     press("cmdDelete");
-    EXPECT_TRUE(presenter->boxes.isEmpty());
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_TRUE(lastBox().startsWith(QStringLiteral("체크한 모든 데이터를 삭제합니다.")));
+    EXPECT_EQ(count(QStringLiteral("T_ORDER")), 3);
+    EXPECT_EQ(gfSpreadCellText(list, 2, kStatusCheck, false), QStringLiteral("1"));
+
+    // A failure on the second line cancels neither: one box, both places in the log, the ticks
+    // kept for the next try.
+    exec(QStringLiteral("CREATE TRIGGER no_cancel BEFORE DELETE ON T_ORDER WHEN OLD.ORDERSEQ = 1 "
+                        "BEGIN SELECT RAISE(ABORT, 'locked by the till'); END"));
+    presenter->boxes.clear();
+    press("cmdDelete");
+    EXPECT_EQ(presenter->boxes.size(), 2); // the question, then the failure
+    EXPECT_EQ(count(QStringLiteral("T_ORDER")), 3);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT GROUP_CONCAT(ERRPROG, '|') FROM "
+                                    "(SELECT ERRPROG FROM C_ERROR ORDER BY ROWID)")),
+              QStringLiteral("basDatabase : gfbSqlExecuteDB|BAMAS310 : cmdDelete_Click"));
+    EXPECT_EQ(gfSpreadCellText(list, 1, kStatusCheck, false), QStringLiteral("1"));
+    EXPECT_EQ(gfSpreadCellText(list, 2, kStatusCheck, false), QStringLiteral("1"));
+
+    exec(QStringLiteral("DROP TRIGGER no_cancel"));
+    clickCell(list, 2, kStatusCheck); // only the shirt goes
+    press("cmdDelete");
     EXPECT_EQ(count(QStringLiteral("T_ORDER")), 2);
     EXPECT_EQ(count(QStringLiteral("T_ORDER"), QStringLiteral("UNIFORMCD = 'NB0301'")), 0);
     EXPECT_EQ(list->maxRows(), 1);
+}
+
+TEST_F(Bamas310, aFailedSaveBooksNoLineAndKeepsTheGridSoThatTheRetryBooksEachOnce) {
+    enter(2, 1, QStringLiteral("3"));
+    enter(4, 2, QStringLiteral("4"));
+    enter(6, 3, QStringLiteral("5"));
+    typeText(supplier, QStringLiteral("본사"));
+    // The second line of three fails.
+    exec(QStringLiteral("CREATE TRIGGER no_trousers BEFORE INSERT ON T_ORDER "
+                        "WHEN NEW.UNIFORMCD = 'NB02' BEGIN SELECT RAISE(ABORT, 'disk full'); END"));
+    press("cmdSave2");
+    EXPECT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(count(QStringLiteral("T_ORDER")), 0);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT GROUP_CONCAT(ERRPROG, '|') FROM "
+                                    "(SELECT ERRPROG FROM C_ERROR ORDER BY ROWID)")),
+              QStringLiteral("basDatabase : gfbSqlExecuteDB|BAMAS310 : sSaveQuery"));
+    ASSERT_EQ(entry->maxRows(), 6);
+    EXPECT_EQ(gfSpreadText(entry, 2, kEntrySize), QStringLiteral("3"));
+    EXPECT_EQ(gfSpreadText(entry, 4, kEntrySize + 1), QStringLiteral("4"));
+    EXPECT_EQ(gfSpreadText(entry, 6, kEntrySize + 2), QStringLiteral("5"));
+    EXPECT_EQ(supplier->text(), QStringLiteral("본사"));
+
+    exec(QStringLiteral("DROP TRIGGER no_trousers"));
+    press("cmdSave2");
+    EXPECT_EQ(count(QStringLiteral("T_ORDER")), 3);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT SUM(O01 + O02 + O03) FROM T_ORDER")),
+              QStringLiteral("12"));
+    EXPECT_EQ(gfSpreadText(entry, 2, kEntrySize), QString()); // reloaded after the success
+}
+
+TEST_F(Bamas310, theScreenOpensCleared_withThirtyBlankRowsInTheSchoolListAndTheEntryGrid) {
+    enter(2, 1, QStringLiteral("3"));
+    screen->m_Close();
+    QApplication::processEvents();
+    screen = openByNumber<BAMAS310>(310);
+    ASSERT_NE(screen, nullptr);
+    EXPECT_EQ(child<Spread>(screen, QStringLiteral("SP1"))->maxRows(), 30);
+    Spread* cleared = child<Spread>(screen, QStringLiteral("SP3"));
+    EXPECT_EQ(cleared->maxRows(), 30);
+    EXPECT_EQ(gfSpreadText(cleared, 2, kEntrySize), QString());
 }
 
 TEST_F(Bamas310, opensFromTheTreeAndSpellsItsStatementsForTheServer) {

@@ -217,9 +217,59 @@ TEST_F(Bamas315, withoutAnOrderEveryItemIsWrittenAndTheListLeavesOutTheEmptyOnes
     EXPECT_EQ(gfSpreadText(list, 1, 5), QStringLiteral("3"));
     EXPECT_EQ(gfSpreadText(list, 1, 31), QStringLiteral("한결 역삼점'"));
     clickCell(list, 1, 33);
+    // The question first: "No" cancels nothing.
+    presenter->boxes.clear();
+    presenter->answerNo();
+    QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdDelete")), Qt::LeftButton);
+    ASSERT_EQ(presenter->boxes.size(), 1);
+    EXPECT_TRUE(presenter->boxes[0].text.startsWith(QStringLiteral("체크한 모든 데이터를")));
+    EXPECT_EQ(count(QStringLiteral("T_INBOUND")), 3);
     QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdDelete")), Qt::LeftButton);
     EXPECT_EQ(list->maxRows(), 0);
     EXPECT_EQ(count(QStringLiteral("T_INBOUND")), 2);
+}
+
+TEST_F(Bamas315, linesOfTwoSizeTablesShowThePositionsAndEachCellItsOwnLabel) {
+    // Without an order: the common shirt (J: 85, 90, 95), the trousers and the jacket (X: 95,
+    // 100, 105), by name.
+    QTest::mouseClick(child<QRadioButton>(screen, QStringLiteral("optOrderGB_1")), Qt::LeftButton);
+    QApplication::processEvents();
+    ASSERT_EQ(grid->maxRows(), 3);
+    ASSERT_EQ(gfSpreadText(grid, 3, 2), QStringLiteral("동복자켓"));
+    EXPECT_EQ(gfSpreadText(grid, -1000, kSize), QStringLiteral("1"));
+    EXPECT_EQ(gfSpreadText(grid, -1000, kSize + 2), QStringLiteral("3"));
+    EXPECT_EQ(gfSpreadText(grid, -1000, kSize + 23), QStringLiteral("24"));
+    EXPECT_EQ(grid->cellToolTip(1, kSize), QStringLiteral("85"));
+    EXPECT_EQ(grid->cellToolTip(3, kSize), QStringLiteral("95"));
+    EXPECT_EQ(grid->cellToolTip(3, kSize + 2), QStringLiteral("105"));
+
+    // One item chosen: one table, its labels over the sizes.
+    auto* items = child<QComboBox>(screen, QStringLiteral("cboUniform"));
+    items->setFocus();
+    for (int i = 0; i < items->count() && items->currentText() != QStringLiteral("동복자켓"); ++i) {
+        QTest::keyClick(items, Qt::Key_Down);
+    }
+    QApplication::processEvents();
+    ASSERT_EQ(grid->maxRows(), 1);
+    EXPECT_EQ(gfSpreadText(grid, -1000, kSize), QStringLiteral("95"));
+    EXPECT_EQ(gfSpreadText(grid, -1000, kSize + 2), QStringLiteral("105"));
+    EXPECT_EQ(grid->cellToolTip(1, kSize + 1), QStringLiteral("100"));
+}
+
+TEST_F(Bamas315, aFailedSaveLogsTheStatementAndTheCommandAndBooksNothing) {
+    enter(2, 1, QStringLiteral("4"));
+    choose(2, Qt::Key_Home);
+    exec(QStringLiteral("CREATE TRIGGER no_receipt BEFORE INSERT ON T_INBOUND "
+                        "BEGIN SELECT RAISE(ABORT, 'database is locked'); END"));
+    save();
+    EXPECT_EQ(presenter->boxes.size(), 1);
+    EXPECT_EQ(count(QStringLiteral("T_INBOUND")), 0);
+    EXPECT_EQ(state(), QStringLiteral("A")); // the order's state went back with the rest
+    EXPECT_EQ(scalar(QStringLiteral("SELECT GROUP_CONCAT(ERRPROG, '|') FROM "
+                                    "(SELECT ERRPROG FROM C_ERROR ORDER BY ROWID)")),
+              QStringLiteral("basDatabase : gfbSqlExecuteDB|BAMAS315 : sSaveQuery"));
+    EXPECT_EQ(gfSpreadText(grid, 2, kSize), QStringLiteral("4"));
+    EXPECT_EQ(gfSpreadText(grid, 2, kFinish), QStringLiteral("재입고예정"));
 }
 
 TEST_F(Bamas315, cancellingTheReceiptOfAClosedLineDoesNotBringItBack) {

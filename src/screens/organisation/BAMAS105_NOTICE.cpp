@@ -108,7 +108,10 @@ void BAMAS105_NOTICE::showNotice(const QString& sql, const QString& place) {
 }
 
 void BAMAS105_NOTICE::cboSchool_Click() {
-    // The school's latest notice, whatever its period.
+    // The school's latest notice, whatever its period. A school without one starts from today's
+    // dates, not from the period of the school shown before.
+    dtpStart->setDate(QDate::currentDate());
+    dtpEnd->setDate(QDate::currentDate());
     const QString school = quoted(schoolCode());
     showNotice(
         QStringLiteral(" SELECT STARTDT, ENDDT, NOTICE ") +

@@ -160,7 +160,7 @@ void BAMAS310::cboStore_Click(int tab) {
     if (!mbLoaded) {
         return;
     }
-    guarded(u"cboStore_Click"_s, [&] { m_band[tab]->loadSchools(); });
+    command(u"cboStore_Click"_s, [&] { m_band[tab]->loadSchools(); });
 }
 
 void BAMAS310::SP1_Click(int row) {
@@ -226,7 +226,7 @@ void BAMAS310::loadEntryGrid() {
         gfsMessage(8061);
         return;
     }
-    guarded(u"SP1_Click"_s, [this] {
+    command(u"SP1_Click"_s, [this] {
         const WaitCursor wait;
         RecordSet rs;
         if (!gfbSqlSelectDB(entrySql(), rs)) {
@@ -306,16 +306,20 @@ void BAMAS310::cmdSave2_Click() {
         SP3->setActiveCell(bad->row, EntFirstSize + bad->position - 1);
         return;
     }
-    // Line by line without a transaction: the lines written before a failure stay.
-    guarded(u"sSaveQuery"_s, [this] {
-        for (int line = 0; line < m_entry->lineCount(); ++line) {
-            if (!(m_entry->totalText(line, LineRow::Quantity) > u"0"_s)) {
-                continue;
-            }
-            if (!gfbSqlExecuteDB(orderInsertSql(line))) {
-                return;
-            }
+    // One unit: every line is booked or none is. After a failure the grid keeps what was
+    // typed, so that a second try books each line once; only a success reloads it.
+    QStringList inserts;
+    for (int line = 0; line < m_entry->lineCount(); ++line) {
+        if (m_entry->totalText(line, LineRow::Quantity) > u"0"_s) {
+            inserts << orderInsertSql(line);
         }
-    });
-    m_Search();
+    }
+    bool done = inserts.isEmpty();
+    if (!done) {
+        command(
+            u"sSaveQuery"_s, [&] { done = executeAsUnit(inserts); }, true);
+    }
+    if (done) {
+        m_Search();
+    }
 }

@@ -240,7 +240,7 @@ void BAMAS310::cmdViewSale_Click() {
         gfsMessage(8061);
         return;
     }
-    guarded(u"cmdViewSale_Click"_s, [this] {
+    command(u"cmdViewSale_Click"_s, [this] {
         const WaitCursor wait;
         QList<SizeHeadingRow> headings;
         if (!readSizeHeadings(m_band[1]->storeCode(), QString(), u"H"_s, headings)) {
@@ -267,21 +267,25 @@ void BAMAS310::cmdViewSale_Click() {
 
 void BAMAS310::cmdDelete_Click() {
     SP21->finishEditing();
-    // Each ticked line goes at once: no question, no transaction, receipts left as they are.
-    guarded(u"cmdDelete_Click"_s, [this] {
-        for (int row = 1; row <= SP21->dataRowCnt(); ++row) {
-            if (!(gfSpreadCellText(SP21, row, StaCheck, false) > u"0"_s)) {
-                continue;
-            }
-            if (!gfbSqlExecuteDB(u" DELETE FROM T_ORDER "_s + whereCompany() +
-                                 andEquals(u"STORECD"_s, gfSpreadCellText(SP21, row, StaStore)) +
-                                 andEquals(u"ORDERDT"_s, gfSpreadCellText(SP21, row, StaOrderDt)) +
-                                 u"    AND ORDERSEQ = "_s +
-                                 numeric(gfSpreadCellText(SP21, row, StaOrderSeq)))) {
-                return;
-            }
-        }
+    const QStringList deletes = checkedRowStatements(SP21, StaCheck, [this](int row) -> QString {
+        return u" DELETE FROM T_ORDER "_s + whereCompany() +
+               andEquals(u"STORECD"_s, gfSpreadCellText(SP21, row, StaStore)) +
+               andEquals(u"ORDERDT"_s, gfSpreadCellText(SP21, row, StaOrderDt)) +
+               u"    AND ORDERSEQ = "_s + numeric(gfSpreadCellText(SP21, row, StaOrderSeq));
     });
+    // The ticked lines go together after the question, or none does; their receipts stay as
+    // they are. After a failure the ticks stay for a second try.
+    if (!deletes.isEmpty()) {
+        if (gfsMessage(8073) != u"OK"_s) {
+            return;
+        }
+        bool done = false;
+        command(
+            u"cmdDelete_Click"_s, [&] { done = executeAsUnit(deletes); }, true);
+        if (!done) {
+            return;
+        }
+    }
     const int row = SP20->activeRow();
     if (row >= 1) {
         SP20_Click(row);
@@ -319,4 +323,5 @@ void BAMAS310::m_clear() {
     m_statusSchool.clear();
     // Blank rows under the school list and the entry grid, as an empty sheet shows.
     SP1->setMaxRows(30);
+    SP3->setMaxRows(30);
 }

@@ -24,6 +24,7 @@
 #include <QDateEdit>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHash>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -172,6 +173,14 @@ QWidget* BAMAS315::buildEntryTab() {
                             EntFirstSize,
                             EntTotal,
                             std::nullopt});
+    // The size a quantity stands for, whatever the heading shows.
+    SP3->setCellToolTips([this](int row, int col) {
+        const int position = col - EntFirstSize + 1;
+        if (row < 1 || position < 1 || position > kSizePositions) {
+            return QString();
+        }
+        return m_lineLabels.value(lines().lineOf(row)).value(position - 1);
+    });
     tab->setBody(SP3);
 
     connect(tab, &StockFilterBand::storeChanged, this, [this] { cboStore_Click(); });
@@ -207,7 +216,7 @@ void BAMAS315::cboStore_Click() {
     if (!mbLoaded) {
         return;
     }
-    guarded(u"cboStore_Click"_s, [this] { m_band->loadSchools(); });
+    command(u"cboStore_Click"_s, [this] { m_band->loadSchools(); });
 }
 
 void BAMAS315::SP1_Click(int row) {
@@ -255,7 +264,7 @@ void BAMAS315::fillUniforms() {
                             : u" AND SCHOOL_UNIFORM.SEASON IN ('A', 'S')"_s;
     sql += m_band->mainItems() ? u" AND SCHOOL_UNIFORM.SUBMAIN IN ('1', '2')"_s
                                : u" AND SCHOOL_UNIFORM.SUBMAIN = '3'"_s;
-    guarded(u"cboUniform_Fill"_s, [&] {
+    command(u"cboUniform_Fill"_s, [&] {
         gsFillPicker(cboUniform, m_uniform, sql + u" ORDER BY 2"_s, u"전체"_s, u"**"_s);
     });
 }
@@ -347,34 +356,48 @@ QString BAMAS315::unorderedLinesSql() const {
     return sql + u"  ORDER BY UF.UNIFORMNAME, SU.SUDIVIDE"_s;
 }
 
-// The size labels of the school's items in the year (the chosen item's, when one is chosen)
-// head the size columns: those of the last row read. Lines that all share one size table read
-// only that table's labels, so that the heading is theirs.
+// The size heading over the entry grid, from the labels of the school's items in the year (the
+// chosen item's, when one is chosen). Lines that all have the same labels show them; lines of
+// different size tables show the positions 1 to 24, since one line's labels would stand over
+// another's sizes (trousers over jackets). Either way each size cell tells its own label in its
+// tool tip.
 void BAMAS315::writeEntryHeading() {
     const QString like =
         cboUniform->currentIndex() > 0 ? gfComboCode(cboUniform, m_uniform) + u"%"_s : u"%"_s;
-    QStringList tables;
-    for (int line = 0; line < lines().lineCount(); ++line) {
-        const QString table = lines().common(line, EntSizeTab);
-        if (!tables.contains(table)) {
-            tables << table;
-        }
-    }
     RecordSet rs;
-    if (!gfbSqlSelectDB(
-            u" SELECT DISTINCT "_s + eachSize(u"SS.C%1"_s) +
-                u" FROM VIW_SCHUNIFOMSIZE SS WHERE SS.COMPANY = "_s + quotedCompany() +
-                u" AND SS.STORECD = "_s + quoted(m_band->storeCode()) + u" AND SS.BSYYYY = "_s +
-                quoted(entryYear(m_band->year())) + u" AND SS.SCHOOLCD = "_s + quoted(m_school) +
-                u" AND SS.CD LIKE "_s + quoted(like) +
-                (tables.size() == 1 ? u" AND SS.SIZETAB = "_s + quoted(tables.first()) : QString()),
-            rs)) {
+    if (!gfbSqlSelectDB(u" SELECT DISTINCT SS.CD, "_s + eachSize(u"SS.C%1"_s) +
+                            u" FROM VIW_SCHUNIFOMSIZE SS WHERE SS.COMPANY = "_s + quotedCompany() +
+                            u" AND SS.STORECD = "_s + quoted(m_band->storeCode()) +
+                            u" AND SS.BSYYYY = "_s + quoted(entryYear(m_band->year())) +
+                            u" AND SS.SCHOOLCD = "_s + quoted(m_school) + u" AND SS.CD LIKE "_s +
+                            quoted(like),
+                        rs)) {
         return;
     }
+    QHash<QString, QStringList> byItem;
+    QStringList lastRead;
+    for (qsizetype r = 0; r < rs.recordCount(); ++r) {
+        QStringList labels;
+        for (int p = 1; p <= kSizePositions; ++p) {
+            labels << rs.at(r, p).trimmed();
+        }
+        byItem.insert(rs.at(r, 0).trimmed(), labels);
+        lastRead = labels;
+    }
+    m_lineLabels.clear();
+    QList<QStringList> distinct;
+    for (int line = 0; line < lines().lineCount(); ++line) {
+        const QStringList labels = byItem.value(lines().common(line, EntUniformCd));
+        m_lineLabels << labels;
+        if (!distinct.contains(labels)) {
+            distinct << labels;
+        }
+    }
     for (int p = 1; p <= kSizePositions; ++p) {
-        gsSpreadSetText(SP3, gfHeadRow(0), EntFirstSize + p - 1,
-                        rs.recordCount() > 0 ? rs.at(rs.recordCount() - 1, p - 1).trimmed()
-                                             : QString());
+        const QString heading = distinct.size() > 1    ? QString::number(p)
+                                : distinct.size() == 1 ? distinct.first().value(p - 1)
+                                                       : lastRead.value(p - 1);
+        gsSpreadSetText(SP3, gfHeadRow(0), EntFirstSize + p - 1, heading);
     }
 }
 
@@ -386,7 +409,7 @@ void BAMAS315::loadEntryGrid() {
         gfsMessage(8061);
         return;
     }
-    guarded(u"SP1_Click"_s, [this] {
+    command(u"SP1_Click"_s, [this] {
         const WaitCursor wait;
         RecordSet rs;
         if (!gfbSqlSelectDB(ordered() ? orderedLinesSql() : unorderedLinesSql(), rs)) {

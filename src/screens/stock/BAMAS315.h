@@ -100,4 +100,5 @@ private:
     CodeArray m_uniform;
     QString m_school;
     QString m_currentYear;
+    QList<QStringList> m_lineLabels; // the size labels of each entry line
 };

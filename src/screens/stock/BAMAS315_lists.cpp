@@ -337,7 +337,7 @@ void BAMAS315::runList(ListTab& t, const QString& sql, const QStringList& leadin
         gfsMessage(8061);
         return;
     }
-    guarded(u"cmdViewSale_Click"_s, [&] {
+    command(u"cmdViewSale_Click"_s, [&] {
         const WaitCursor wait;
         QList<SizeHeadingRow> headings;
         if (!readSizeHeadings(t.band->storeCode(), QString(), u"H"_s, headings)) {
@@ -375,21 +375,25 @@ void BAMAS315::cmdViewSal2_Click() {
 void BAMAS315::cmdDelete_Click() {
     Spread* grid = m_list[1].grid;
     grid->finishEditing();
-    // Each ticked receipt goes at once; the order's state stays as the receipt left it.
-    guarded(u"sSaveQuery"_s, [grid] {
-        for (int row = 1; row <= grid->dataRowCnt(); ++row) {
-            if (!(gfSpreadCellText(grid, row, RecCheck, false) > u"0"_s)) {
-                continue;
-            }
-            if (!gfbSqlExecuteDB(u" DELETE FROM T_INBOUND "_s + whereCompany() +
-                                 andEquals(u"STORECD"_s, gfSpreadCellText(grid, row, RecStore)) +
-                                 andEquals(u"INBOUNDDT"_s, gfSpreadCellText(grid, row, RecInDt)) +
-                                 u"    AND INBOUNDSEQ = "_s +
-                                 numeric(gfSpreadCellText(grid, row, RecInSeq)))) {
-                return;
-            }
-        }
+    const QStringList deletes = checkedRowStatements(grid, RecCheck, [grid](int row) -> QString {
+        return u" DELETE FROM T_INBOUND "_s + whereCompany() +
+               andEquals(u"STORECD"_s, gfSpreadCellText(grid, row, RecStore)) +
+               andEquals(u"INBOUNDDT"_s, gfSpreadCellText(grid, row, RecInDt)) +
+               u"    AND INBOUNDSEQ = "_s + numeric(gfSpreadCellText(grid, row, RecInSeq));
     });
+    // The ticked receipts go together after the question, or none does; the order's state
+    // stays as the receipt left it. After a failure the ticks stay for a second try.
+    if (!deletes.isEmpty()) {
+        if (gfsMessage(8073) != u"OK"_s) {
+            return;
+        }
+        bool done = false;
+        command(
+            u"sSaveQuery"_s, [&] { done = executeAsUnit(deletes); }, true);
+        if (!done) {
+            return;
+        }
+    }
     cmdViewSale_Click();
 }
 

@@ -106,7 +106,7 @@ void BAMAS315::cmdSave2_Click() {
         return;
     }
     // Either every line is booked or none.
-    guarded(
+    command(
         u"sSaveQuery"_s,
         [&] {
             Transaction unit;

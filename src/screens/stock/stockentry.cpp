@@ -108,6 +108,30 @@ bool refuseFutureDate(QDateEdit* box) {
     return true;
 }
 
+QStringList checkedRowStatements(Spread* grid, int checkCol,
+                                 const std::function<QString(int row)>& statement) {
+    QStringList statements;
+    for (int row = 1; row <= grid->dataRowCnt(); ++row) {
+        if (gfSpreadCellText(grid, row, checkCol, false) > u"0"_s) {
+            statements << statement(row);
+        }
+    }
+    return statements;
+}
+
+bool executeAsUnit(const QStringList& statements) {
+    Transaction unit;
+    if (!unit.ok()) {
+        return false;
+    }
+    for (const QString& sql : statements) {
+        if (!gfbSqlExecuteDB(sql)) {
+            return false; // the unit rolls back
+        }
+    }
+    return unit.commit();
+}
+
 QRadioButton* optionButton(QWidget* parent, const QString& name, const QString& caption,
                            QButtonGroup* group) {
     auto* b = new QRadioButton(caption, parent);

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 class Dialect;
 class QComboBox;
 class QButtonGroup;
@@ -39,6 +41,13 @@ int fillSchoolList(Spread* grid, const RecordSet& rs, bool withAll);
 QString ymdOf(const QDateEdit* box);
 // A document dated after today is refused: message 8083, the box back to today; true then.
 bool refuseFutureDate(QDateEdit* box);
+
+// The statement of each row of a list whose tick column is on, in grid order.
+QStringList checkedRowStatements(Spread* grid, int checkCol,
+                                 const std::function<QString(int row)>& statement);
+// Runs the statements as one unit: all or none. False when one failed (already shown and
+// logged); nothing is left written then.
+bool executeAsUnit(const QStringList& statements);
 
 // An option button with its control name, one of a group.
 QRadioButton* optionButton(QWidget* parent, const QString& name, const QString& caption,
