@@ -171,9 +171,9 @@ int main(int argc, char** argv) {
             best.time([&] { lines = engineRows(db->handle(), text); });
         }
         const QByteArray prefix = QByteArray("stock_view_") + name;
-        ::report((prefix + "_rows").constData(), lines, "rows");
-        ::report((prefix + "_ms").constData(), best.wall, "ms");
-        ::report((prefix + "_cpu_ms").constData(), best.cpu, "ms");
+        ::report(QByteArray(prefix + "_rows").constData(), lines, "rows");
+        ::report(QByteArray(prefix + "_ms").constData(), best.wall, "ms");
+        ::report(QByteArray(prefix + "_cpu_ms").constData(), best.cpu, "ms");
     };
     view("store", {u"01"_s, top.field(u"STORECD"_s), QString()});
     view("store_year", {u"01"_s, top.field(u"STORECD"_s), screen->currentYear()});
