@@ -359,7 +359,7 @@ std::vector<TableDef> slipTables() {
                       {QStringLiteral("COMPANY, HANDDT, STORECD"),
                        QStringLiteral("COMPANY, STORECD, ORDDT, ORDSEQ"),
                        QStringLiteral(
-                           "COMPANY, STORECD, SCHOOLCD, ORDDT, ORDSEQ, STATNM, BILLNO, CANCELDT")}));
+                           "COMPANY, STORECD, ORDDT, ORDSEQ, SCHOOLCD, STATNM, BILLNO, CANCELDT")}));
     t.push_back(table("S_ORDERDETAIL",
                       slipKey()
                           .text("PKEY", 20)

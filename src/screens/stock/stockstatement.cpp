@@ -15,7 +15,10 @@ namespace {
 // the lines they belong to, rather than a look-up for every line; the school of a common item
 // and the sex are worked out once per group rather than once per line. A common item sold at
 // two schools may so give two rows for one school: the report adds them up either way.
-// A line without a count stays without one, reservations or not.
+// A line without a count stays without one, reservations or not. The joins are spelled as
+// CROSS JOIN with their conditions in WHERE, the same inner join on both engines; SQLite reads
+// it as the order to take the tables in (heads, then their lines; reservations, then their
+// slips), which it might not find by itself on a database without statistics.
 QString saleStep(const StockFilter& f, const Dialect& d) {
     const QString nl = d.nolock();
     QString sql = QStringLiteral(
@@ -30,12 +33,11 @@ QString saleStep(const StockFilter& f, const Dialect& d) {
         "LN.SIZETAB, LN.SIZE, SUM(LN.CNT) CNT "
         "             FROM (SELECT OH.COMPANY, OH.STORECD, OH.SCHOOLCD, OD.UNIFORMCD, OD.YYYY, "
         "OD.SIZETAB, OD.SIZE, OD.CNT "
-        "                     FROM S_ORDERHEAD OH {NL} "
-        "                     JOIN S_ORDERDETAIL OD {NL} ON OD.COMPANY = OH.COMPANY "
-        "AND OD.STORECD = OH.STORECD "
+        "                     FROM S_ORDERHEAD OH {NL} CROSS JOIN S_ORDERDETAIL OD {NL} "
+        "                    WHERE OD.COMPANY = OH.COMPANY AND OD.STORECD = OH.STORECD "
         "                      AND OD.SCHOOLCD = OH.SCHOOLCD AND OD.ORDDT = OH.ORDDT "
         "AND OD.ORDSEQ = OH.ORDSEQ "
-        "                    WHERE {COUNTS} "
+        "                      AND {COUNTS} "
         "                   UNION ALL "
         "                   SELECT OH.COMPANY, OH.STORECD, OH.SCHOOLCD, OD.UNIFORMCD, OD.YYYY, "
         "OD.SIZETAB, OD.SIZE, -RP.RPCNT "
@@ -45,14 +47,13 @@ QString saleStep(const StockFilter& f, const Dialect& d) {
         "                            WHERE ISNULL(RESERVEDT, '') > '' AND LEN(RESERVEDT) < 5 " // 예약 미확보분
         "                              AND COMPANY = {CO} AND STORECD = {ST} "
         "                            GROUP BY COMPANY, STORECD, ORDDT, ORDSEQ, PKEY) RP "
-        "                     JOIN S_ORDERHEAD OH {NL} ON OH.COMPANY = RP.COMPANY "
-        "AND OH.STORECD = RP.STORECD "
+        "                     CROSS JOIN S_ORDERHEAD OH {NL} CROSS JOIN S_ORDERDETAIL OD {NL} "
+        "                    WHERE OH.COMPANY = RP.COMPANY AND OH.STORECD = RP.STORECD "
         "                      AND OH.ORDDT = RP.ORDDT AND OH.ORDSEQ = RP.ORDSEQ "
-        "                     JOIN S_ORDERDETAIL OD {NL} ON OD.COMPANY = OH.COMPANY "
-        "AND OD.STORECD = OH.STORECD "
+        "                      AND OD.COMPANY = OH.COMPANY AND OD.STORECD = OH.STORECD "
         "                      AND OD.SCHOOLCD = OH.SCHOOLCD AND OD.ORDDT = OH.ORDDT "
         "AND OD.ORDSEQ = OH.ORDSEQ AND OD.PKEY = RP.PKEY "
-        "                    WHERE {COUNTS} AND OD.CNT IS NOT NULL) LN "
+        "                      AND {COUNTS} AND OD.CNT IS NOT NULL) LN "
         "            GROUP BY LN.COMPANY, LN.STORECD, LN.SCHOOLCD, LN.UNIFORMCD, LN.YYYY, "
         "LN.SIZETAB, LN.SIZE) VS "
         "     LEFT OUTER JOIN (SELECT COMPANY, {CODE} UNIFORMCD, MAX(SCHOOLCD) SCHOOLCD "
