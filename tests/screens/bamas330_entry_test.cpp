@@ -330,8 +330,10 @@ TEST_F(Bamas330Shots, DISABLED_grabsBothModes) {
     }
     Spread* schools = screen->findChild<Spread*>(QStringLiteral("SP1"));
     Spread* grid = screen->findChild<Spread*>(QStringLiteral("SP3"));
+    QApplication::setActiveWindow(mainWindow());
     const auto type = [grid](int row, int position, const QString& text) {
         clickCell(grid, row, 11 + position, true);
+        ASSERT_NE(QApplication::focusWidget(), nullptr);
         QTest::keyClicks(QApplication::focusWidget(), text);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QApplication::processEvents();
@@ -353,6 +355,7 @@ TEST_F(Bamas330Shots, DISABLED_grabsBothModes) {
     });
     QTest::mouseClick(screen->findChild<QPushButton*>(QStringLiteral("cmdViewSch")),
                       Qt::LeftButton);
+    QApplication::setActiveWindow(mainWindow());
     QApplication::processEvents();
     clickCell(schools, 2, 1);
     ASSERT_GT(grid->maxRows(), 2);

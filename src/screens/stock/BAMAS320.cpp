@@ -41,7 +41,7 @@ const GridColumns& entryColumns() {
     static const GridColumns table = [] {
         std::vector<GridColumn> c{
             {QString(), u"학교 [성]"_s, CellType::Static, 14},
-            {QString(), u"복종"_s, CellType::Static, 18},
+            {QString(), u"복종"_s, CellType::Static, 20},
             {QString(), u"SCHCD"_s, CellType::Static, 0},
             {QString(), u"SUDIVI"_s, CellType::Static, 0},
             {QString(), u"CDKEY"_s, CellType::Static, 0},
@@ -386,8 +386,8 @@ void BAMAS320::loadEntryGrid(bool byItem) {
         SP3->setRedraw(false);
         gsSpreadSetText(SP3, gfHeadRow(0), TrnFirstName, byItem ? u"복종"_s : u"학교 [성]"_s);
         gsSpreadSetText(SP3, gfHeadRow(0), TrnSecondName, byItem ? u"학교 [성]"_s : u"복종"_s);
-        SP3->setColumnWidth(TrnFirstName, byItem ? 18 : 14);
-        SP3->setColumnWidth(TrnSecondName, byItem ? 14 : 18);
+        SP3->setColumnWidth(TrnFirstName, byItem ? 20 : 14);
+        SP3->setColumnWidth(TrnSecondName, byItem ? 14 : 20);
         m_entry->clear();
         QHash<QString, QList<int>> byKey;
         const int firstLabel = titles.fieldIndex(u"C01"_s);

@@ -56,7 +56,7 @@ const GridColumns& statusColumns() {
             {QString(), u"출고처"_s, CellType::Static, 12},
             {QString(), u"입고처"_s, CellType::Static, 12},
             {QString(), u"학교 [성]"_s, CellType::Static, 14},
-            {QString(), u"복종"_s, CellType::Static, 18},
+            {QString(), u"복종"_s, CellType::Static, 20},
             {QString(), u"연식"_s, CellType::Static, 4, Align::Centre},
             {QString(), u"합계"_s, CellType::Static, 6, Align::Right},
         };
@@ -277,8 +277,8 @@ void BAMAS320::cmdViewStatus_Click(bool byItem) {
         SP31->setRedraw(false);
         gsSpreadSetText(SP31, gfHeadRow(0), StaFirstName, byItem ? u"복종"_s : u"학교 [성]"_s);
         gsSpreadSetText(SP31, gfHeadRow(0), StaSecondName, byItem ? u"학교 [성]"_s : u"복종"_s);
-        SP31->setColumnWidth(StaFirstName, byItem ? 18 : 14);
-        SP31->setColumnWidth(StaSecondName, byItem ? 14 : 18);
+        SP31->setColumnWidth(StaFirstName, byItem ? 20 : 14);
+        SP31->setColumnWidth(StaSecondName, byItem ? 14 : 20);
         m_status->clear();
         const int firstLabel = rs.fieldIndex(u"C01"_s);
         const int firstSum = rs.fieldIndex(u"O01"_s);

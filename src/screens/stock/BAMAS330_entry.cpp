@@ -190,11 +190,7 @@ QWidget* BAMAS330::buildEntryTab() {
     parts.schoolList = u"SP1"_s;
     m_band0 = new StockFilterBand(parts, this);
     QWidget* tab = m_band0;
-    const auto combo = [this](const QString& name) {
-        QComboBox* box = comboBox(name);
-        box->setMinimumWidth(100);
-        return box;
-    };
+    const auto combo = [this](const QString& name) { return comboBox(name); };
     const auto button = [tab](const QString& name, const QString& caption) {
         auto* b = new QPushButton(caption, tab);
         b->setObjectName(name);
@@ -216,11 +212,12 @@ QWidget* BAMAS330::buildEntryTab() {
     markRequired(txtRegDT);
     txtRegDT->setText(QDate::currentDate().toString(u"yyyy-MM-dd"_s));
     gsInputStyle(txtRegDT, InputStyle::Date);
-    txtRegDT->setMaximumWidth(100);
+    // Room for the whole date, "2024-03-15".
+    txtRegDT->setMinimumWidth(txtRegDT->fontMetrics().horizontalAdvance(u"0000-00-00__"_s));
     m_band0->addField(0, new QLabel(u"~"_s, tab));
     m_band0->addField(0, cboYY0[1]);
     m_band0->addField(0, u"브랜드"_s, cboBrand0);
-    m_band0->addField(0, u"등록일"_s, txtRegDT);
+    m_band0->addField(1, u"등록일"_s, txtRegDT);
     m_band0->addField(1, u"성별"_s, cboGT23_0);
     m_band0->addField(1, u"시즌"_s, cboGT22_0);
     m_band0->addField(1, u"품목구분"_s, cboGT28_0);
