@@ -13,6 +13,7 @@
 #include "shell/mainmdi.h"
 #include "shell/proginit.h"
 #include "shell/recordform.h"
+#include "shell/reportrunner.h"
 #include "shell/trap.h"
 
 #include <QAbstractSpinBox>
@@ -59,6 +60,8 @@ Screen::Screen(const QString& name, const QString& designCaption, QWidget* paren
 }
 
 Screen::~Screen() {
+    // A report still running stops before the widgets its rows were meant for go.
+    m_runner.reset();
     // The panels may stand in the main window's status bar: take them out before they go.
     if (QWidget* panels = m_statusPanels.data()) {
         if (auto* bar = qobject_cast<QStatusBar*>(panels->parentWidget())) {
@@ -164,6 +167,9 @@ void Screen::activateScreen() {
             main->gsToolBarSet(MAINMDI::TobToolBar2, 3, 2, 3);
         }
         main->showStatusOf(this);
+        if (m_runner) {
+            m_runner->holdToolBars();
+        }
     }
 }
 
@@ -177,6 +183,22 @@ void Screen::m_Close() {
 
 bool Screen::guarded(const QString& routine, const std::function<void()>& body, bool rollback) {
     return gfTrap(placeText(routine), body, rollback);
+}
+
+bool Screen::runReport(const QString& routine, const QString& sql,
+                       std::function<void(const RecordSet&)> fill) {
+    if (!m_runner) {
+        m_runner = std::make_unique<ReportRunner>(this);
+    }
+    return m_runner->run(placeText(routine), sql, std::move(fill));
+}
+
+bool Screen::reportRunning() const { return m_runner && m_runner->isRunning(); }
+
+void Screen::cancelReport() {
+    if (m_runner) {
+        m_runner->cancel();
+    }
 }
 
 void Screen::deleteRow(const QString& key, int question, const QString& sql) {
@@ -213,6 +235,10 @@ void Screen::showList(Spread* grid, const GridColumns& columns, const RecordSet&
 }
 
 void Screen::closeEvent(QCloseEvent* event) {
+    // A report still running is cancelled and its worker waited for: the screen closes at once.
+    if (m_runner) {
+        m_runner->stop();
+    }
     if (!m_logged) {
         m_logged = true;
         gsUserLog(session().gsUserId, this, mdStart);
