@@ -52,6 +52,9 @@ public:
     const std::optional<DbError>& error() const { return m_error; }
     // Every row of a run that is Done; the set is handed over.
     RecordSet takeRows() { return std::move(m_rows); }
+    // The worker's connection once a run has opened it; only while none runs (tests put their
+    // fakes of the engine's functions on it).
+    Database* connection() const { return isRunning() ? nullptr : m_db.get(); }
 
 signals:
     // A batch has come over; `rows` in all so far.

@@ -46,8 +46,9 @@ public:
     // active one.
     void holdToolBars() const;
 
-    // The status bar's cancel control, for the tests.
+    // The status bar's cancel control and the query, for the tests.
     QToolButton* cancelButton() const { return m_cancel; }
+    ReportQuery* query() const { return m_query; }
 
 signals:
     // A run ended, however it ended; the grid is filled by then.
