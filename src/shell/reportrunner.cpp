@@ -21,6 +21,7 @@
 #include <QLocale>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QTabBar>
 #include <QTimer>
 #include <QToolButton>
 
@@ -33,6 +34,9 @@ constexpr int kTickMs = 100;
 // A control that changes the screen's filters or starts one of its commands. The box inside a
 // list or a date is held with it.
 bool isControl(const QWidget* w) {
+    if (qobject_cast<const QTabBar*>(w->parentWidget())) {
+        return false; // the tab bar's own scroll buttons; the tabs still switch
+    }
     if (qobject_cast<const QLineEdit*>(w)) {
         return !qobject_cast<const QComboBox*>(w->parentWidget()) &&
                !qobject_cast<const QAbstractSpinBox*>(w->parentWidget());
@@ -130,7 +134,7 @@ void ReportRunner::showProgress() {
                 QStringLiteral("건 읽음");
     }
     m_note->setText(text);
-    if (ms >= kCancelAfterMs && m_cancel->isHidden()) {
+    if (ms >= kCancelAfterMs && m_cancel && m_cancel->isHidden()) {
         m_cancel->show();
     }
 }
@@ -176,7 +180,6 @@ void ReportRunner::holdToolBars() const {
 
 void ReportRunner::hold(bool on) {
     if (on) {
-        m_cancel->hide();
         m_screen->setCursor(Qt::BusyCursor);
         // The focus stays on the screen, where Esc reaches the cancel, rather than wander off
         // to another screen when its control goes off.
@@ -206,7 +209,9 @@ void ReportRunner::hold(bool on) {
         holdToolBars();
         return;
     }
-    m_cancel->hide();
+    if (m_cancel) {
+        m_cancel->hide();
+    }
     m_escape->setEnabled(false);
     m_screen->unsetCursor();
     for (const QPointer<QWidget>& w : std::as_const(m_held)) {

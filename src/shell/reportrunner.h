@@ -4,13 +4,13 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QToolButton>
 
 #include <functional>
 
 class QLabel;
 class QShortcut;
 class QTimer;
-class QToolButton;
 class QWidget;
 class RecordSet;
 class ReportQuery;
@@ -47,7 +47,7 @@ public:
     void holdToolBars() const;
 
     // The status bar's cancel control and the query, for the tests.
-    QToolButton* cancelButton() const { return m_cancel; }
+    QToolButton* cancelButton() const { return m_cancel.data(); }
     ReportQuery* query() const { return m_query; }
 
 signals:
@@ -65,7 +65,7 @@ private:
     Screen* m_screen;
     ReportQuery* m_query;
     QLabel* m_note;
-    QToolButton* m_cancel;
+    QPointer<QToolButton> m_cancel; // it goes with the status panels
     QShortcut* m_escape;
     QTimer* m_tick;
     Fill m_fill;
