@@ -89,7 +89,9 @@ int main(int argc, char** argv) {
     try {
         QElapsedTimer clock;
         clock.start();
-        SqliteDatabase db(path, SqliteDatabase::OpenMode::CreateIfMissing);
+        // One statement of a large chain runs longer than the program's 90 s limit on a slow
+        // or busy machine: the generator waits for it.
+        SqliteDatabase db(path, SqliteDatabase::OpenMode::CreateIfMissing, 24 * 60 * 60);
         registerStoreFunctions(db.handle());
         createSchema(db, QStringLiteral("TORVIX"));
         generateDemoChain(db, seed, scale, today);

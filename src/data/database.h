@@ -35,11 +35,27 @@ public:
         : DbError(GeneralFailure, description) {}
 };
 
+// Takes the rows of a select one by one as the engine hands them out.
+class RowReceiver {
+public:
+    virtual ~RowReceiver() = default;
+    // Once, before the first row.
+    virtual void columns(const QStringList& names) = 0;
+    // One row, a cell per column; the receiver may move the cells out.
+    virtual void row(std::vector<QString>& cells) = 0;
+};
+
 // One open connection. Statements are text; a select returns every row at once.
 class Database {
 public:
     virtual ~Database() = default;
     virtual RecordSet select(const QString& sql) = 0;
+    // The same select, its rows handed to `receiver` while the statement still runs.
+    virtual void select(const QString& sql, RowReceiver& receiver);
+    // Stops the statement running on this connection now, which then fails with the engine's
+    // own error. Callable from any thread while another one runs the statement; a statement
+    // that has not started yet is not affected, so a caller that must be sure asks again.
+    virtual void cancel() {}
     // A text may hold several statements separated by ";". Returns the rows affected.
     virtual qint64 execute(const QString& sql) = 0;
     virtual void begin() = 0;

@@ -26,11 +26,8 @@ bool connect(std::unique_ptr<Database>& db, const QString& target) {
     }
 }
 
-bool blank(const QString& sql) { return sql.trimmed().isEmpty(); }
-
-std::optional<StatementFailure>& lastFailure() {
-    static std::optional<StatementFailure> failure;
-    return failure;
+bool blank(const QString& sql) {
+    return sql.trimmed().isEmpty();
 }
 
 // The trace runs inside the save's write lock: it waits for another user's lock this long at
@@ -47,7 +44,9 @@ void dropIfLost(const DbError& error, std::unique_ptr<Database>& db) {
 
 } // namespace
 
-bool gfbConnectDB() { return connect(session().gDb, session().config.torvix); }
+bool gfbConnectDB() {
+    return connect(session().gDb, session().config.torvix);
+}
 
 bool gfbConnectUpdateDB() {
     Session& s = session();
@@ -82,15 +81,10 @@ bool gfbSqlSelectDB(const QString& sql, RecordSet& rs, qint64& count) {
         count = rs.recordCount();
         return true;
     } catch (const DbError& error) {
-        lastFailure() = StatementFailure{error.number(), error.description()};
         gsErrorLog(error, QStringLiteral("basDatabase : gfbSqlSelectDB"), QString());
         dropIfLost(error, session().gDb);
         return false;
     }
-}
-
-std::optional<StatementFailure> gfTakeStatementFailure() {
-    return std::exchange(lastFailure(), std::nullopt);
 }
 
 bool gfbSqlSelectDB(const QString& sql, RecordSet& rs) {
@@ -131,7 +125,6 @@ bool gfbSqlExecuteDB(const QString& sql, qint64& affected) {
         affected = session().gDb->execute(sql);
         return true;
     } catch (const DbError& error) {
-        lastFailure() = StatementFailure{error.number(), error.description()};
         gsErrorLog(error, QStringLiteral("basDatabase : gfbSqlExecuteDB"), sql);
         dropIfLost(error, session().gDb);
         return false;
@@ -179,7 +172,9 @@ QString gfRdoGetDbSysDate() {
     return date.left(8);
 }
 
-Database& gDb() { return *session().gDb; }
+Database& gDb() {
+    return *session().gDb;
+}
 
 namespace {
 const Dialect* spelledAs = nullptr;
@@ -213,7 +208,9 @@ Transaction::Transaction() {
     }
 }
 
-Transaction::~Transaction() { rollback(); }
+Transaction::~Transaction() {
+    rollback();
+}
 
 bool Transaction::commit() {
     if (!m_open) {

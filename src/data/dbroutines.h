@@ -20,14 +20,6 @@ bool gfbSqlSelectDB(const QString& sql, RecordSet& rs);
 bool gfbSqlExecuteDB(const QString& sql);
 // The first field of the first row ("" when there is none or the select failed).
 QString gfSelectValue(const QString& sql);
-// The last statement that failed in gfbSqlSelectDB or gfbSqlExecuteDB (already shown and logged
-// under the routine's place), handed once to whoever takes it: a command that ran the statement
-// logs its own place beside it.
-struct StatementFailure {
-    qint64 number = 0;
-    QString description;
-};
-std::optional<StatementFailure> gfTakeStatementFailure();
 // Server date "YYYYMMDD"; "" when the select fails.
 QString gfRdoGetDbSysDate();
 // The open main connection (after gfbConnectDB); for dialect lookups while building text.

@@ -90,14 +90,20 @@ QString readColumn(SQLHSTMT stmt, SQLUSMALLINT column) {
 
 } // namespace
 
-// Frees a statement handle on every path out of a scope.
+// Frees a statement handle on every path out of a scope; while it lives, cancel() reaches it.
 struct OdbcDatabase::StatementHandle {
-    SQLHSTMT stmt = SQL_NULL_HSTMT;
+    explicit StatementHandle(OdbcDatabase& db) : db(db) {}
     ~StatementHandle() {
         if (stmt) {
+            {
+                const std::lock_guard lock(db.m_runningLock);
+                db.m_running = nullptr;
+            }
             SQLFreeHandle(SQL_HANDLE_STMT, stmt);
         }
     }
+    OdbcDatabase& db;
+    SQLHSTMT stmt = SQL_NULL_HSTMT;
 };
 
 OdbcDatabase::OdbcDatabase(const QString& connectionString, int connectTimeoutSeconds,
@@ -149,6 +155,10 @@ OdbcDatabase::~OdbcDatabase() {
 // Allocates the statement with the query time-out and sends the text.
 void OdbcDatabase::run(StatementHandle& h, const QString& sql) {
     check(SQLAllocHandle(SQL_HANDLE_STMT, m_dbc, &h.stmt), SQL_HANDLE_DBC, m_dbc);
+    {
+        const std::lock_guard lock(m_runningLock);
+        m_running = h.stmt;
+    }
     SQLSetStmtAttr(h.stmt, SQL_ATTR_QUERY_TIMEOUT,
                    reinterpret_cast<SQLPOINTER>(SQLULEN(m_statementTimeout)), 0);
     QByteArray text = sql.toUtf8();
@@ -156,8 +166,26 @@ void OdbcDatabase::run(StatementHandle& h, const QString& sql) {
           SQL_HANDLE_STMT, h.stmt);
 }
 
+namespace {
+
+// Keeps the rows of a select in a record set.
+class Collect : public RowReceiver {
+public:
+    void columns(const QStringList& names) override { rs = RecordSet(names); }
+    void row(std::vector<QString>& cells) override { rs.appendRow(std::move(cells)); }
+    RecordSet rs;
+};
+
+} // namespace
+
 RecordSet OdbcDatabase::select(const QString& sql) {
-    StatementHandle h;
+    Collect collect;
+    select(sql, collect);
+    return std::move(collect.rs);
+}
+
+void OdbcDatabase::select(const QString& sql, RowReceiver& receiver) {
+    StatementHandle h(*this);
     run(h, sql);
     SQLSMALLINT columns = 0;
     // Skip leading results without columns (SET NOCOUNT, inserts before the select).
@@ -176,27 +204,34 @@ RecordSet OdbcDatabase::select(const QString& sql) {
               SQL_HANDLE_STMT, h.stmt);
         names << QString::fromUtf8(reinterpret_cast<char*>(name));
     }
-    RecordSet rs(names);
+    receiver.columns(names);
     if (columns == 0) {
-        return rs;
+        return;
     }
+    std::vector<QString> row;
     for (;;) {
         const SQLRETURN rc = SQLFetch(h.stmt);
         if (rc == SQL_NO_DATA) {
             break;
         }
         check(rc, SQL_HANDLE_STMT, h.stmt);
-        std::vector<QString> row(static_cast<size_t>(columns));
+        row.assign(static_cast<size_t>(columns), QString());
         for (SQLUSMALLINT i = 1; i <= SQLUSMALLINT(columns); ++i) {
             row[i - 1] = readColumn(h.stmt, i);
         }
-        rs.appendRow(std::move(row));
+        receiver.row(row);
     }
-    return rs;
+}
+
+void OdbcDatabase::cancel() {
+    const std::lock_guard lock(m_runningLock);
+    if (m_running) {
+        SQLCancel(m_running);
+    }
 }
 
 qint64 OdbcDatabase::execute(const QString& sql) {
-    StatementHandle h;
+    StatementHandle h(*this);
     run(h, sql);
     SQLRETURN rc = SQL_SUCCESS;
     qint64 affected = 0;

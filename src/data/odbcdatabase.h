@@ -3,6 +3,8 @@
 #include "data/database.h"
 #include "data/dialect.h"
 
+#include <mutex>
+
 // The central server through ODBC (unixODBC + FreeTDS on Linux, the system driver on
 // Windows). Text goes through the narrow API as UTF-8: with FreeTDS, put ClientCharset=UTF-8
 // in the connection string.
@@ -16,6 +18,9 @@ public:
     OdbcDatabase& operator=(const OdbcDatabase&) = delete;
 
     RecordSet select(const QString& sql) override;
+    void select(const QString& sql, RowReceiver& receiver) override;
+    // SQLCancel on the statement that runs now.
+    void cancel() override;
     qint64 execute(const QString& sql) override;
     void begin() override;
     void commit() override;
@@ -35,4 +40,7 @@ private:
     Dialect m_dialect{Dialect::Engine::SqlServer};
     int m_statementTimeout;
     bool m_inTransaction = false;
+    // The statement that runs now, for cancel() from another thread.
+    std::mutex m_runningLock;
+    void* m_running = nullptr;
 };

@@ -16,6 +16,21 @@ void RecordSet::appendRow(std::vector<QString>&& row) {
     ++m_rows;
 }
 
+void RecordSet::appendRows(std::vector<QString>&& cells) {
+    const auto width = size_t(m_columns.size());
+    if (width == 0 || cells.empty()) {
+        return;
+    }
+    cells.resize(cells.size() + (width - cells.size() % width) % width);
+    m_rows += qsizetype(cells.size() / width);
+    if (m_cells.empty()) {
+        m_cells = std::move(cells);
+        return;
+    }
+    m_cells.insert(m_cells.end(), std::make_move_iterator(cells.begin()),
+                   std::make_move_iterator(cells.end()));
+}
+
 void RecordSet::reserveRows(qsizetype rows) { m_cells.reserve(size_t(rows * m_columns.size())); }
 
 int RecordSet::fieldIndex(const QString& name) const {

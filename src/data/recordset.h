@@ -14,6 +14,8 @@ public:
     explicit RecordSet(QStringList columns);
 
     void appendRow(std::vector<QString>&& row);
+    // Whole rows at once, row after row, a cell per column.
+    void appendRows(std::vector<QString>&& cells);
     void reserveRows(qsizetype rows);
 
     qsizetype recordCount() const { return m_rows; }

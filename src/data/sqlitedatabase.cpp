@@ -92,7 +92,25 @@ void SqliteDatabase::fail(int code) const {
     throw DbError(code, text, cause);
 }
 
+namespace {
+
+// Keeps the rows of a select in a record set.
+class Collect : public RowReceiver {
+public:
+    void columns(const QStringList& names) override { rs = RecordSet(names); }
+    void row(std::vector<QString>& cells) override { rs.appendRow(std::move(cells)); }
+    RecordSet rs;
+};
+
+} // namespace
+
 RecordSet SqliteDatabase::select(const QString& sql) {
+    Collect collect;
+    select(sql, collect);
+    return std::move(collect.rs);
+}
+
+void SqliteDatabase::select(const QString& sql, RowReceiver& receiver) {
     const QByteArray text = rewriteForSqlite(sql).toUtf8();
     startClock();
     Statement st;
@@ -102,7 +120,8 @@ RecordSet SqliteDatabase::select(const QString& sql) {
         fail(rc);
     }
     if (!st.stmt) {
-        return RecordSet();
+        receiver.columns({});
+        return;
     }
     const int columns = sqlite3_column_count(st.stmt);
     QStringList names;
@@ -110,7 +129,7 @@ RecordSet SqliteDatabase::select(const QString& sql) {
     for (int i = 0; i < columns; ++i) {
         names << QString::fromUtf8(sqlite3_column_name(st.stmt, i));
     }
-    RecordSet rs(names);
+    receiver.columns(names);
     std::vector<QString> row;
     while ((rc = sqlite3_step(st.stmt)) == SQLITE_ROW) {
         row.assign(size_t(columns), QString());
@@ -120,13 +139,14 @@ RecordSet SqliteDatabase::select(const QString& sql) {
                 row[size_t(i)] = QString::fromUtf8(value, sqlite3_column_bytes(st.stmt, i));
             }
         }
-        rs.appendRow(std::move(row));
+        receiver.row(row);
     }
     if (rc != SQLITE_DONE) {
         fail(rc);
     }
-    return rs;
 }
+
+void SqliteDatabase::cancel() { sqlite3_interrupt(m_db); }
 
 qint64 SqliteDatabase::execute(const QString& sql) {
     const QByteArray text = rewriteForSqlite(sql).toUtf8();
@@ -171,4 +191,6 @@ void SqliteDatabase::setStatementTimeout(int seconds) {
 
 void SqliteDatabase::setLockWait(int milliseconds) { sqlite3_busy_timeout(m_db, milliseconds); }
 
-bool SqliteDatabase::inTransaction() const { return m_db && !sqlite3_get_autocommit(m_db); }
+bool SqliteDatabase::inTransaction() const {
+    return m_db && !sqlite3_get_autocommit(m_db);
+}

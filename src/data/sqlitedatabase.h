@@ -19,6 +19,9 @@ public:
     SqliteDatabase& operator=(const SqliteDatabase&) = delete;
 
     RecordSet select(const QString& sql) override;
+    void select(const QString& sql, RowReceiver& receiver) override;
+    // sqlite3_interrupt: the statement fails with SQLITE_INTERRUPT.
+    void cancel() override;
     qint64 execute(const QString& sql) override;
     void begin() override;
     void commit() override;

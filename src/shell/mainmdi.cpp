@@ -516,6 +516,10 @@ void MAINMDI::gsToolBarClick(ToolBarId bar, const QString& key) {
     if (!screen) {
         return;
     }
+    // While the screen's report runs its commands wait; Exit closes it, which cancels.
+    if (screen->reportRunning() && key != QStringLiteral("Exit")) {
+        return;
+    }
     // A tool-bar click takes no focus: what is still being typed is committed first.
     screen->finishEditing();
     if (key == QStringLiteral("Search")) {

@@ -13,6 +13,7 @@
 #include "shell/mainmdi.h"
 #include "shell/proginit.h"
 #include "shell/recordform.h"
+#include "shell/reportrunner.h"
 #include "shell/trap.h"
 
 #include <QAbstractSpinBox>
@@ -60,6 +61,8 @@ Screen::Screen(const QString& name, const QString& designCaption, QWidget* paren
 }
 
 Screen::~Screen() {
+    // A report still running stops before the widgets its rows were meant for go.
+    m_runner.reset();
     // The panels may stand in the main window's status bar: take them out before they go.
     if (QWidget* panels = m_statusPanels.data()) {
         if (auto* bar = qobject_cast<QStatusBar*>(panels->parentWidget())) {
@@ -165,6 +168,9 @@ void Screen::activateScreen() {
             main->gsToolBarSet(MAINMDI::TobToolBar2, 3, 2, 3);
         }
         main->showStatusOf(this);
+        if (m_runner) {
+            m_runner->holdToolBars();
+        }
     }
 }
 
@@ -181,16 +187,28 @@ bool Screen::guarded(const QString& routine, const std::function<void()>& body, 
 }
 
 bool Screen::command(const QString& routine, const std::function<void()>& body, bool rollback) {
-    gfTakeStatementFailure(); // a failure of before this command is not its own
-    if (!guarded(routine, body, rollback)) {
-        return false;
+    // The trap writes the command's own row for a statement that failed inside; the command
+    // answers false after any failure, thrown or shown by a statement routine.
+    const quint64 mark = gsErrorMark();
+    return guarded(routine, body, rollback) && gsErrorMark() == mark;
+}
+
+bool Screen::runReport(const QString& routine, const QString& sql,
+                       std::function<void(const RecordSet&)> fill) {
+    if (!m_runner) {
+        m_runner = std::make_unique<ReportRunner>(this);
     }
-    const auto failed = gfTakeStatementFailure();
-    if (!failed) {
-        return true;
+    return m_runner->run(placeText(routine), sql, std::move(fill));
+}
+
+bool Screen::reportRunning() const {
+    return m_runner && m_runner->isRunning();
+}
+
+void Screen::cancelReport() {
+    if (m_runner) {
+        m_runner->cancel();
     }
-    gsErrorLogRow(failed->number, failed->description, placeText(routine), QString());
-    return false;
 }
 
 void Screen::deleteRow(const QString& key, int question, const QString& sql) {
@@ -227,6 +245,10 @@ void Screen::showList(Spread* grid, const GridColumns& columns, const RecordSet&
 }
 
 void Screen::closeEvent(QCloseEvent* event) {
+    // A report still running is cancelled and its worker waited for: the screen closes at once.
+    if (m_runner) {
+        m_runner->stop();
+    }
     if (!m_logged) {
         m_logged = true;
         gsUserLog(session().gsUserId, this, mdStart);

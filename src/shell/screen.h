@@ -6,11 +6,14 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 
 class QLabel;
 class QVBoxLayout;
 class DbError;
 class PrintablePages;
+class RecordSet;
+class ReportRunner;
 class Spread;
 
 // The base of every child screen of the main window. A screen builds its fields in
@@ -65,6 +68,12 @@ public:
     virtual ReportGrid reportGrid() const { return {}; }
     // The one print path: mode 1 the printer dialog, 2 the preview dialog; PDF through either.
     void printPages(const PrintablePages& pages, int mode);
+    // A list statement of the screen runs off the window thread (runReport below).
+    bool reportRunning() const;
+    // Cancels it as the status bar's control and Esc do.
+    void cancelReport();
+    // The runner of the screen's reports; nullptr before the first.
+    ReportRunner* reportRunner() const { return m_runner.get(); }
 
 protected:
     // Grids, combos and defaults; runs while mbLoaded is false.
@@ -83,6 +92,14 @@ protected:
     // logged by its statement routine) is logged once more under the command's place, so that
     // the log says which screen and command failed. False after any failure.
     bool command(const QString& routine, const std::function<void()>& body, bool rollback = false);
+    // A list statement over the movement and slip tables, run off the window thread: the window
+    // stays live, the screen's controls wait, the status bar shows progress and a cancel. `fill`
+    // gets every row once the statement is through, on the window thread and inside the
+    // routine's error trap; after a failure (shown and logged as a failed select is) or a cancel
+    // it is not called, and the grid stays as it was. False when nothing started: a report runs
+    // already, or the statement is empty.
+    bool runReport(const QString& routine, const QString& sql,
+                   std::function<void(const RecordSet&)> fill);
     // The delete command of a list screen: nothing without a key, the screen's question, the
     // statement in a transaction, then the clear routine and the list again.
     void deleteRow(const QString& key, int question, const QString& sql);
@@ -125,5 +142,6 @@ private:
     QVBoxLayout* m_content;
     QPointer<QWidget> m_statusPanels;
     QLabel* m_panels[3];
+    std::unique_ptr<ReportRunner> m_runner;
     bool m_logged = false;
 };

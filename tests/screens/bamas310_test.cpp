@@ -51,6 +51,7 @@ protected:
     void press(const char* name) {
         QTest::mouseClick(child<QPushButton>(screen, QString::fromLatin1(name)), Qt::LeftButton);
         QApplication::processEvents();
+        ASSERT_TRUE(waitForReport(screen));
     }
     QString lastBox() const {
         return presenter->boxes.isEmpty() ? QString() : presenter->boxes.last().text;
@@ -166,6 +167,7 @@ TEST_F(Bamas310, statusListSumsUnderTheHeadingsAndCancelsTheTickedLinesAfterAski
     Spread* schoolList = child<Spread>(screen, QStringLiteral("SP20"));
     EXPECT_EQ(gfSpreadText(schoolList, 1, 1), QStringLiteral("전체"));
     clickCell(schoolList, 1, 1);
+    ASSERT_TRUE(waitForReport(screen));
     ASSERT_EQ(list->maxRows(), 2); // the 200-day-old order lies outside the period
     EXPECT_EQ(gfSpreadText(list, 1, 3), QStringLiteral("공통셔츠"));
     EXPECT_EQ(gfSpreadText(list, 1, kStatusSize), QString());        // a zero shows empty

@@ -211,6 +211,7 @@ TEST_F(Bamas315, withoutAnOrderEveryItemIsWrittenAndTheListLeavesOutTheEmptyOnes
     child<QTabWidget>(screen, QStringLiteral("SSTab1"))->setCurrentIndex(1);
     child<QComboBox>(screen, QStringLiteral("cboStore_1"))->setCurrentIndex(1);
     QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdViewSale")), Qt::LeftButton);
+    ASSERT_TRUE(waitForReport(screen));
     Spread* list = child<Spread>(screen, QStringLiteral("SP21"));
     ASSERT_EQ(list->maxRows(), 1);
     EXPECT_EQ(gfSpreadText(list, 1, 3), QStringLiteral("공통셔츠")); // first by name
@@ -225,6 +226,7 @@ TEST_F(Bamas315, withoutAnOrderEveryItemIsWrittenAndTheListLeavesOutTheEmptyOnes
     EXPECT_TRUE(presenter->boxes[0].text.startsWith(QStringLiteral("체크한 모든 데이터를")));
     EXPECT_EQ(count(QStringLiteral("T_INBOUND")), 3);
     QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdDelete")), Qt::LeftButton);
+    ASSERT_TRUE(waitForReport(screen));
     EXPECT_EQ(list->maxRows(), 0);
     EXPECT_EQ(count(QStringLiteral("T_INBOUND")), 2);
 }
@@ -280,9 +282,11 @@ TEST_F(Bamas315, cancellingTheReceiptOfAClosedLineDoesNotBringItBack) {
     child<QTabWidget>(screen, QStringLiteral("SSTab1"))->setCurrentIndex(2);
     child<QComboBox>(screen, QStringLiteral("cboStore_2"))->setCurrentIndex(1);
     QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdViewSal2")), Qt::LeftButton);
+    ASSERT_TRUE(waitForReport(screen));
     EXPECT_EQ(child<Spread>(screen, QStringLiteral("SP41"))->maxRows(), 0);
     exec(QStringLiteral("DELETE FROM T_INBOUND"));
     QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdViewSal2")), Qt::LeftButton);
+    ASSERT_TRUE(waitForReport(screen));
     EXPECT_EQ(child<Spread>(screen, QStringLiteral("SP41"))->maxRows(), 0);
     screen->m_Search();
     EXPECT_EQ(grid->maxRows(), 0);
@@ -296,6 +300,7 @@ TEST_F(Bamas315, openRemaindersAndTheServersSpelling) {
              .arg(orderDay));
     child<QComboBox>(screen, QStringLiteral("cboStore_2"))->setCurrentIndex(1);
     QTest::mouseClick(child<QPushButton>(screen, QStringLiteral("cmdViewSal2")), Qt::LeftButton);
+    ASSERT_TRUE(waitForReport(screen));
     Spread* open = child<Spread>(screen, QStringLiteral("SP41"));
     ASSERT_EQ(open->maxRows(), 1);
     // Received from another supplier text: not counted against this order.

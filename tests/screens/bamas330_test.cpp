@@ -5,11 +5,13 @@
 
 #include "data/dbroutines.h"
 #include "data/dialect.h"
+#include "data/reportquery.h"
 #include "data/sqlitedatabase.h"
 #include "grid/gridprinter.h"
 #include "grid/spreadroutines.h"
 #include "screens/stock/BAMAS330.h"
 #include "screens/stock/sizeheadings.h"
+#include "shell/reportrunner.h"
 
 #include <QComboBox>
 #include <QPrintDialog>
@@ -45,6 +47,7 @@ protected:
     }
     void press(const char* button) {
         child<QPushButton>(screen, QString::fromLatin1(button))->click();
+        ASSERT_TRUE(waitForReport(screen));
     }
     QStringList row(int r, int from, int to) {
         QStringList cells;
@@ -191,11 +194,18 @@ void midsummer2025(sqlite3_context* ctx, int, sqlite3_value**) {
 } // namespace
 
 TEST_F(Bamas330, carryOverSplitsAtTheServersCalendarYearNotTheStores) {
-    // The server's clock says 2025 while the store still works in 2024.
+    // The server's clock says 2025 while the store still works in 2024, on the main connection
+    // and on the one the reports run on, which the first report opens.
+    press("cmdViewSale1");
     auto* db = dynamic_cast<SqliteDatabase*>(&gDb());
+    auto* reports =
+        dynamic_cast<SqliteDatabase*>(screen->reportRunner()->query()->connection());
     ASSERT_NE(db, nullptr);
-    sqlite3_create_function(db->handle(), "GETDATE", 0, SQLITE_UTF8, nullptr, midsummer2025,
-                            nullptr, nullptr);
+    ASSERT_NE(reports, nullptr);
+    for (SqliteDatabase* each : {db, reports}) {
+        sqlite3_create_function(each->handle(), "GETDATE", 0, SQLITE_UTF8, nullptr,
+                                midsummer2025, nullptr, nullptr);
+    }
     exec(QStringLiteral(
         "INSERT INTO T_INBOUND (COMPANY, STORECD, INBOUNDDT, INBOUNDSEQ, SCHOOLCD, SUDIVIDE, "
         "UNIFORMCD, INYYYY, I01, I02, INBOUNDGB) VALUES "

@@ -2,9 +2,11 @@
 
 #include "grid/spread.h"
 #include "shell/mainmdi.h"
+#include "shell/screen.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QInputMethodEvent>
 #include <QTableView>
 #include <QTest>
@@ -73,4 +75,13 @@ void doubleClickHeading(Spread* grid, int col) {
     QTest::mousePress(band->viewport(), Qt::LeftButton, {}, at);
     QTest::mouseDClick(band->viewport(), Qt::LeftButton, {}, at);
     QApplication::processEvents();
+}
+
+bool waitForReport(Screen* screen, int timeoutMs) {
+    const QDeadlineTimer deadline(timeoutMs);
+    while (screen->reportRunning() && !deadline.hasExpired()) {
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+        QTest::qWait(5);
+    }
+    return !screen->reportRunning();
 }

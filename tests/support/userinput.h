@@ -4,6 +4,7 @@
 
 class MAINMDI;
 class QWidget;
+class Screen;
 class Spread;
 
 // Driving widgets as a user does, through Qt's event loop.
@@ -20,3 +21,6 @@ void clickToolButton(MAINMDI* window, const QString& key);
 // A double click on a heading cell of a grid (first heading row), where the heading band lies
 // over the scrolling view.
 void doubleClickHeading(Spread* grid, int col);
+// Lets the event loop run until the screen's report is through and its grid filled (at most
+// timeoutMs); false when it still runs.
+bool waitForReport(Screen* screen, int timeoutMs = 60000);

@@ -241,27 +241,29 @@ void BAMAS310::cmdViewSale_Click() {
         return;
     }
     command(u"cmdViewSale_Click"_s, [this] {
-        const WaitCursor wait;
         QList<SizeHeadingRow> headings;
-        if (!readSizeHeadings(m_band[1]->storeCode(), QString(), u"H"_s, headings)) {
-            return;
-        }
-        RecordSet rs;
-        if (!gfbSqlSelectDB(statusSql(), rs)) {
-            return;
-        }
-        SP21->setRedraw(false);
-        writeSizeHeadings(SP21, headings, statusLeading(), statusTrailing());
-        SP21->setMaxRows(0);
-        SP21->setMaxRows(int(rs.recordCount()));
-        for (qsizetype r = 0; r < rs.recordCount(); ++r) {
-            for (int field = 0; field < StaCount; ++field) {
-                gsSpreadSetText(SP21, int(r) + 1, field + 1, rs.at(r, field).trimmed());
+        {
+            const WaitCursor wait;
+            if (!readSizeHeadings(m_band[1]->storeCode(), QString(), u"H"_s, headings)) {
+                return;
             }
         }
-        m_status->recompute();
-        SP21->setRedraw(true);
-        showFound(rs.recordCount());
+        // The list runs off the window thread; a failed or cancelled one leaves the grid as
+        // it stands.
+        runReport(u"cmdViewSale_Click"_s, statusSql(), [this, headings](const RecordSet& rs) {
+            SP21->setRedraw(false);
+            writeSizeHeadings(SP21, headings, statusLeading(), statusTrailing());
+            SP21->setMaxRows(0);
+            SP21->setMaxRows(int(rs.recordCount()));
+            for (qsizetype r = 0; r < rs.recordCount(); ++r) {
+                for (int field = 0; field < StaCount; ++field) {
+                    gsSpreadSetText(SP21, int(r) + 1, field + 1, rs.at(r, field).trimmed());
+                }
+            }
+            m_status->recompute();
+            SP21->setRedraw(true);
+            showFound(rs.recordCount());
+        });
     });
 }
 

@@ -338,29 +338,33 @@ void BAMAS315::runList(ListTab& t, const QString& sql, const QStringList& leadin
         return;
     }
     command(u"cmdViewSale_Click"_s, [&] {
-        const WaitCursor wait;
         QList<SizeHeadingRow> headings;
-        if (!readSizeHeadings(t.band->storeCode(), QString(), u"H"_s, headings)) {
-            return;
-        }
-        RecordSet rs;
-        if (!gfbSqlSelectDB(sql, rs)) {
-            return;
-        }
-        const int columns = t.grid->maxCols();
-        t.grid->setRedraw(false);
-        writeSizeHeadings(t.grid, headings, leading, trailing);
-        t.grid->setMaxRows(0);
-        t.grid->setMaxRows(int(rs.recordCount()));
-        const int fields = qMin(columns, rs.fieldCount());
-        for (qsizetype r = 0; r < rs.recordCount(); ++r) {
-            for (int field = 0; field < fields; ++field) {
-                gsSpreadSetText(t.grid, int(r) + 1, field + 1, rs.at(r, field).trimmed());
+        {
+            const WaitCursor wait;
+            if (!readSizeHeadings(t.band->storeCode(), QString(), u"H"_s, headings)) {
+                return;
             }
         }
-        t.sums->recompute();
-        t.grid->setRedraw(true);
-        showFound(rs.recordCount());
+        // The list runs off the window thread; a failed or cancelled one leaves the grid as
+        // it stands.
+        runReport(u"cmdViewSale_Click"_s, sql,
+                  [this, &t, headings, leading, trailing](const RecordSet& rs) {
+                      const int columns = t.grid->maxCols();
+                      t.grid->setRedraw(false);
+                      writeSizeHeadings(t.grid, headings, leading, trailing);
+                      t.grid->setMaxRows(0);
+                      t.grid->setMaxRows(int(rs.recordCount()));
+                      const int fields = qMin(columns, rs.fieldCount());
+                      for (qsizetype r = 0; r < rs.recordCount(); ++r) {
+                          for (int field = 0; field < fields; ++field) {
+                              gsSpreadSetText(t.grid, int(r) + 1, field + 1,
+                                              rs.at(r, field).trimmed());
+                          }
+                      }
+                      t.sums->recompute();
+                      t.grid->setRedraw(true);
+                      showFound(rs.recordCount());
+                  });
     });
 }
 

@@ -97,10 +97,8 @@ void BAMAS320::cmdSave2_Click() {
                 }
                 const QString sql = transferInsertSql(line);
                 if (!gfbSqlExecuteDB(sql)) {
-                    // The unit rolls back and the grid keeps what was typed; the log names
+                    // The unit rolls back and the grid keeps what was typed; the trap logs
                     // this command beside the statement routine's own row.
-                    gsErrorLogRow(-1, u"매장이동이 저장되지 않았습니다."_s,
-                                  placeText(u"sSaveQuery"_s), sql);
                     return;
                 }
             }

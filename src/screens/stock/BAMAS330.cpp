@@ -306,30 +306,33 @@ void BAMAS330::cmdViewSale_Click(StockReport report) {
     if (cboBrand->currentIndex() < 1) {
         return;
     }
-    colourButtons(cmdViewSale[int(report)]);
     guarded(QStringLiteral("sSelectQuery"), [this, report] {
-        const WaitCursor wait;
         const StockFilter filter = currentFilter();
         QList<SizeHeadingRow> headings;
-        if (!readSizeHeadings(cboStore->currentIndex() > 0 ? filter.store : QString(), filter.brand,
-                              cboGT25->currentIndex() == 3 ? QStringLiteral("L")
-                                                           : QStringLiteral("H"),
-                              headings)) {
-            return;
+        {
+            const WaitCursor wait;
+            if (!readSizeHeadings(cboStore->currentIndex() > 0 ? filter.store : QString(),
+                                  filter.brand,
+                                  cboGT25->currentIndex() == 3 ? QStringLiteral("L")
+                                                               : QStringLiteral("H"),
+                                  headings)) {
+                return;
+            }
         }
-        SP31->setRedraw(false);
-        writeSizeHeadings(SP31, headings,
+        // The report runs off the window thread. A failed or cancelled one leaves the rows,
+        // headings and lit button of the last report standing.
+        runReport(QStringLiteral("sSelectQuery"), stockStatement(filter, report, dialect()),
+                  [this, report, headings](const RecordSet& rs) {
+                      colourButtons(cmdViewSale[int(report)]);
+                      SP31->setRedraw(false);
+                      writeSizeHeadings(
+                          SP31, headings,
                           {QStringLiteral(" "), QStringLiteral("매장"), QStringLiteral("학교"),
                            QStringLiteral("성별"), QStringLiteral("복종"), QStringLiteral("년식"),
                            QStringLiteral("합계")},
                           {QStringLiteral("최종등록일")});
-        SP31->setRedraw(true);
-        // A failed statement leaves the rows of the last report standing.
-        RecordSet rs;
-        if (!gfbSqlSelectDB(stockStatement(filter, report, dialect()), rs)) {
-            return;
-        }
-        fillReport(rs);
+                      fillReport(rs);
+                  });
     });
 }
 

@@ -130,8 +130,6 @@ void BAMAS330::cmdSave2_Click() {
                 }
                 const QString sql = entryInsertSql(line);
                 if (!gfbSqlExecuteDB(sql)) {
-                    gsErrorLogRow(-1, u"재고가 저장되지 않았습니다."_s, placeText(u"sSaveQuery"_s),
-                                  sql);
                     return; // nothing stays; the grid keeps what was typed
                 }
             }
@@ -192,8 +190,6 @@ void BAMAS330::ViewSch_PartDelete() {
                     rs.field(u"SUDIVIDE"_s).trimmed(), rs.field(u"CD"_s).trimmed(),
                     rs.field(u"BSYYYY"_s).trimmed(), QString(), quantities);
                 if (!gfbSqlExecuteDB(sql)) {
-                    gsErrorLogRow(-1, u"재고가 정리되지 않았습니다."_s,
-                                  placeText(u"ViewSch_PartDelete"_s), sql);
                     return;
                 }
             }
