@@ -1189,7 +1189,8 @@ private:
             const auto [school, k] = lines[size_t((start + n) % int(lines.size()))];
             const int index = stockLine(store, school, k, m_newestYear);
             const int labels = std::min(24, m_lines[size_t(index)].labels);
-            if (labels == 0) {
+            // A line sold ahead of an awaited order gets its goods from that order.
+            if (labels == 0 || m_lines[size_t(index)].awaited) {
                 continue;
             }
             std::array<double, 24> expected{};
