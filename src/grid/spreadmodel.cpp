@@ -9,11 +9,6 @@
 
 namespace {
 
-const QString& emptyText() {
-    static const QString empty;
-    return empty;
-}
-
 // Headings and shadowed cells.
 const QColor& shadowColor() {
     static const QColor color(166, 202, 240);
@@ -95,8 +90,14 @@ void SpreadModel::setMaxRows(int rows) {
             const int row = int(it.key() >> 20) + kHeadBase;
             it = row > rows ? m_cellFormats.erase(it) : std::next(it);
         }
+        for (size_t r = size_t(rows); r < m_rows.size(); ++r) {
+            release(m_rows[r]);
+        }
     }
     m_rows.resize(size_t(rows));
+    if (rows < old) {
+        compactIfWorthIt();
+    }
     if (m_redraw) {
         rows > old ? endInsertRows() : endRemoveRows();
     }
@@ -113,14 +114,16 @@ void SpreadModel::setMaxCols(int cols) {
     }
     m_cols.resize(size_t(cols) + 1);
     if (cols < old) {
-        const auto trim = [cols](Row& row) {
+        const auto trim = [this, cols](Row& row) {
             if (row.size() > size_t(cols) + 1) {
+                release(row, size_t(cols) + 1);
                 row.resize(size_t(cols) + 1);
             }
         };
         std::for_each(m_head.begin(), m_head.end(), trim);
         std::for_each(m_rows.begin(), m_rows.end(), trim);
         m_frozenCols = qMin(m_frozenCols, cols);
+        compactIfWorthIt();
     }
     if (m_redraw) {
         cols > old ? endInsertColumns() : endRemoveColumns();
@@ -136,8 +139,12 @@ void SpreadModel::setHeadRows(int rows) {
     if (reset) {
         beginResetModel();
     }
+    for (size_t r = size_t(rows); r < m_head.size(); ++r) {
+        release(m_head[r]);
+    }
     m_head.resize(size_t(rows));
     m_cellFormats.clear();
+    compactIfWorthIt();
     if (reset) {
         endResetModel();
     }
@@ -147,22 +154,12 @@ int SpreadModel::dataRowCnt() const {
     for (int r = maxRows(); r >= 1; --r) {
         const Row& row = m_rows[size_t(r - 1)];
         for (size_t c = 1; c < row.size(); ++c) {
-            if (!row[c].raw.isEmpty()) {
+            if (!row[c].isEmpty()) {
                 return r;
             }
         }
     }
     return 0;
-}
-
-bool SpreadModel::validCell(int row, int col) const {
-    if (col < 0 || col > maxCols()) {
-        return false;
-    }
-    if (row >= 1) {
-        return row <= maxRows();
-    }
-    return row >= kHeadBase && row < kHeadBase + headRows();
 }
 
 // ---- cells
@@ -186,9 +183,88 @@ SpreadModel::Cell* SpreadModel::cellForWrite(int row, int col) {
     return &r[size_t(col)];
 }
 
+void SpreadModel::store(Cell& cell, const QString& text) {
+    m_texts.assign(cell, text);
+    if (m_texts.wantsCompaction()) {
+        compactIfWorthIt();
+    }
+}
+
+void SpreadModel::release(Row& row, size_t from) {
+    for (size_t c = from; c < row.size(); ++c) {
+        m_texts.release(row[c]);
+    }
+}
+
+template <typename Visit> void SpreadModel::forEachCell(Visit visit) {
+    for (std::vector<Row>* rows : {&m_head, &m_rows}) {
+        for (Row& row : *rows) {
+            for (Cell& c : row) {
+                visit(c);
+            }
+        }
+    }
+}
+
+void SpreadModel::compactIfWorthIt() {
+    if (m_texts.wantsCompaction()) {
+        m_texts.compact([this](auto&& visit) { forEachCell(visit); });
+    }
+}
+
+quint16 SpreadModel::colorIndex(quint32 bgr) {
+    // A grid mostly shows the first few colours it was given (the red of negative amounts).
+    for (size_t i = 1; i < std::min<size_t>(m_palette.size(), 4); ++i) {
+        if (m_palette[i] == bgr) {
+            return quint16(i);
+        }
+    }
+    if (const auto it = m_paletteIndex.constFind(bgr); it != m_paletteIndex.constEnd()) {
+        return *it;
+    }
+    if (m_palette.size() > 0xFFFF) {
+        rebuildPalette();
+        if (m_palette.size() > 0xFFFF) {
+            // 65535 colours in use at once: the grid of a screen never comes near. The cell keeps
+            // the default colour rather than take another cell's.
+            return 0;
+        }
+    }
+    m_palette.push_back(bgr);
+    const auto index = quint16(m_palette.size() - 1);
+    m_paletteIndex.insert(bgr, index);
+    return index;
+}
+
+void SpreadModel::rebuildPalette() {
+    std::vector<quint32> palette{0};
+    QHash<quint32, quint16> indices;
+    const auto remap = [&](quint16& index) {
+        if (index == 0) {
+            return;
+        }
+        const quint32 bgr = m_palette[index];
+        auto it = indices.constFind(bgr);
+        if (it == indices.constEnd()) {
+            palette.push_back(bgr);
+            it = indices.insert(bgr, quint16(palette.size() - 1));
+        }
+        index = *it;
+    };
+    forEachCell([&](Cell& c) {
+        remap(c.fore);
+        remap(c.back);
+    });
+    m_palette = std::move(palette);
+    m_paletteIndex = std::move(indices);
+}
+
 const SpreadFormat& SpreadModel::formatRef(int row, int col) const {
-    const Cell* c = cell(row, col);
-    if (c && (c->fore & kOwnFormat)) {
+    return formatOf(cell(row, col), row, col);
+}
+
+const SpreadFormat& SpreadModel::formatOf(const Cell* c, int row, int col) const {
+    if (c && (c->flags & kOwnFormat)) {
         const auto it = m_cellFormats.constFind(key(row, col));
         if (it != m_cellFormats.constEnd()) {
             return *it;
@@ -255,9 +331,9 @@ QString SpreadModel::shown(const SpreadFormat& format, const QString& raw) const
     }
 }
 
-const QString& SpreadModel::raw(int row, int col) const {
+QString SpreadModel::raw(int row, int col) const {
     const Cell* c = cell(row, col);
-    return c ? c->raw : emptyText();
+    return c ? m_texts.text(*c) : QString();
 }
 
 QString SpreadModel::text(int row, int col) const {
@@ -265,7 +341,7 @@ QString SpreadModel::text(int row, int col) const {
         return {};
     }
     const SpreadFormat& f = formatRef(row, col);
-    const QString& r = raw(row, col);
+    const QString r = raw(row, col);
     if (row >= 1 && !f.codeNames.isEmpty()) {
         for (const auto& [code, name] : f.codeNames) {
             if (code == r) {
@@ -285,7 +361,7 @@ QString SpreadModel::value(int row, int col) const {
         return {};
     }
     const SpreadFormat& f = formatRef(row, col);
-    const QString& r = raw(row, col);
+    const QString r = raw(row, col);
     if (f.type == SpreadCombo && r.isEmpty()) {
         return QString::number(f.comboIndex); // -1: nothing selected
     }
@@ -296,17 +372,28 @@ QString SpreadModel::value(int row, int col) const {
 }
 
 void SpreadModel::setText(int row, int col, const QString& text) {
-    Cell* c = cellForWrite(row, col);
-    if (!c) {
-        return;
+    if (Cell* c = cellForWrite(row, col)) {
+        writeText(*c, row, col, text);
+        changed(row, col);
     }
-    const SpreadFormat& f = formatRef(row, col);
+}
+
+void SpreadModel::setText(int row, int col, const QString& text, quint32 foreColor) {
+    if (Cell* c = cellForWrite(row, col)) {
+        foreColor &= 0xFFFFFF;
+        c->fore = foreColor ? colorIndex(foreColor) : 0;
+        writeText(*c, row, col, text);
+        changed(row, col);
+    }
+}
+
+void SpreadModel::writeText(Cell& cell, int row, int col, const QString& text) {
+    const SpreadFormat& f = formatOf(&cell, row, col);
     if (row < 1 || ((f.type == SpreadEdit || f.type == SpreadStatic) && f.charCase == 0)) {
-        c->raw = text; // the common case: shares the caller's string
+        store(cell, text);
     } else {
-        c->raw = normalised(f, text);
+        store(cell, normalised(f, text));
     }
-    changed(row, col);
 }
 
 void SpreadModel::setValue(int row, int col, const QString& value) {
@@ -319,15 +406,15 @@ void SpreadModel::setValue(int row, int col, const QString& value) {
     case SpreadCombo: {
         bool ok = false;
         const int index = value.trimmed().toInt(&ok);
-        c->raw =
-            ok && index >= 0 && index < f.comboItems.size() ? QString::number(index) : QString();
+        store(*c,
+              ok && index >= 0 && index < f.comboItems.size() ? QString::number(index) : QString());
         break;
     }
     case SpreadCheck:
-        c->raw = isCheckedText(value) ? QStringLiteral("1") : QStringLiteral("0");
+        store(*c, isCheckedText(value) ? QStringLiteral("1") : QStringLiteral("0"));
         break;
     default:
-        c->raw = row < 1 ? value : normalised(f, value);
+        store(*c, row < 1 ? value : normalised(f, value));
     }
     changed(row, col);
 }
@@ -355,8 +442,8 @@ void SpreadModel::setColumnFormat(int col, const SpreadFormat& format) {
         }
     }
     for (int r = 1; r <= maxRows(); ++r) {
-        if (const Cell* c = cell(r, col); c && (c->fore & kOwnFormat)) {
-            cellForWrite(r, col)->fore &= ~kOwnFormat;
+        if (const Cell* c = cell(r, col); c && (c->flags & kOwnFormat)) {
+            cellForWrite(r, col)->flags &= quint8(~kOwnFormat);
             m_cellFormats.remove(key(r, col));
         }
     }
@@ -364,7 +451,7 @@ void SpreadModel::setColumnFormat(int col, const SpreadFormat& format) {
     if (typeChanged) {
         for (int r = 1; r <= maxRows(); ++r) {
             if (!shownTexts[size_t(r - 1)].isEmpty()) {
-                cellForWrite(r, col)->raw = normalised(format, shownTexts[size_t(r - 1)]);
+                store(*cellForWrite(r, col), normalised(format, shownTexts[size_t(r - 1)]));
             }
         }
     }
@@ -379,22 +466,23 @@ void SpreadModel::setCellFormat(int row, int col, const SpreadFormat& format) {
         return;
     }
     const QString before = text(row, col);
-    c->fore |= kOwnFormat;
+    c->flags |= kOwnFormat;
     m_cellFormats.insert(key(row, col), format);
     if (!before.isEmpty()) {
-        c->raw = normalised(format, before);
+        store(*c, normalised(format, before));
     }
     changed(row, col);
 }
 
 quint32 SpreadModel::foreColor(int row, int col) const {
     const Cell* c = cell(row, col);
-    return c ? (c->fore & 0xFFFFFF) : 0;
+    return c && c->fore ? m_palette[c->fore] : 0;
 }
 
 void SpreadModel::setForeColor(int row, int col, quint32 bgr) {
     if (Cell* c = cellForWrite(row, col)) {
-        c->fore = (c->fore & 0xFF000000u) | (bgr & 0xFFFFFF);
+        bgr &= 0xFFFFFF;
+        c->fore = bgr ? colorIndex(bgr) : 0;
         changed(row, col);
     }
 }
@@ -404,8 +492,8 @@ quint32 SpreadModel::backColor(int row, int col) const {
         return kSpreadNoColor;
     }
     const Cell* c = cell(row, col);
-    if (c && c->back != kSpreadNoColor) {
-        return c->back;
+    if (c && c->back) {
+        return m_palette[c->back];
     }
     if (row >= 1 && row <= m_frozenRows && m_frozenRowBack != kSpreadNoColor) {
         return m_frozenRowBack;
@@ -422,7 +510,7 @@ void SpreadModel::setFrozenRowBack(quint32 bgr) {
 
 void SpreadModel::setBackColor(int row, int col, quint32 bgr) {
     if (Cell* c = cellForWrite(row, col)) {
-        c->back = bgr;
+        c->back = bgr == kSpreadNoColor ? 0 : colorIndex(bgr);
         changed(row, col);
     }
 }
@@ -434,7 +522,7 @@ void SpreadModel::setColumnBackColor(int col, quint32 bgr) {
     m_cols[size_t(col)].back = bgr;
     for (Row& row : m_rows) {
         if (size_t(col) < row.size()) {
-            row[size_t(col)].back = kSpreadNoColor;
+            row[size_t(col)].back = 0;
         }
     }
     if (m_redraw && maxRows() > 0) {
@@ -447,15 +535,15 @@ bool SpreadModel::locked(int row, int col) const {
         return true;
     }
     const Cell* c = cell(row, col);
-    if (c && (c->fore & kLockSet)) {
-        return c->fore & kLocked;
+    if (c && (c->flags & kLockSet)) {
+        return c->flags & kLocked;
     }
     return m_cols[size_t(col)].locked;
 }
 
 void SpreadModel::setLocked(int row, int col, bool locked) {
     if (Cell* c = cellForWrite(row, col)) {
-        c->fore = (c->fore & ~kLocked) | kLockSet | (locked ? kLocked : 0u);
+        c->flags = quint8((c->flags & ~kLocked) | kLockSet | (locked ? kLocked : 0));
         changed(row, col);
     }
 }
@@ -467,7 +555,7 @@ void SpreadModel::setColumnLocked(int col, bool locked) {
     m_cols[size_t(col)].locked = locked;
     for (Row& row : m_rows) {
         if (size_t(col) < row.size()) {
-            row[size_t(col)].fore &= ~(kLockSet | kLocked);
+            row[size_t(col)].flags &= quint8(~(kLockSet | kLocked));
         }
     }
 }
@@ -494,8 +582,15 @@ bool SpreadModel::hasMerges() const {
 }
 
 bool SpreadModel::mergeEqual(int modelRowA, int modelRowB, int col) const {
-    const QString& a = raw(toGridRow(modelRowA), col);
-    return !a.isEmpty() && a == raw(toGridRow(modelRowB), col);
+    const Cell* a = cell(toGridRow(modelRowA), col);
+    const Cell* b = cell(toGridRow(modelRowB), col);
+    if (!a || !b || a->isEmpty() || b->isEmpty()) {
+        return false;
+    }
+    if (!a->isPooled() && !b->isPooled()) {
+        return a->kind == b->kind && a->size == b->size && a->payload == b->payload;
+    }
+    return m_texts.text(*a) == m_texts.text(*b);
 }
 
 std::vector<SpreadModel::Span> SpreadModel::spans() const {
@@ -549,7 +644,7 @@ std::vector<SpreadModel::Span> SpreadModel::spans() const {
         const int gridRow = toGridRow(r);
         for (int c = 1; c <= cols;) {
             int n = 1;
-            const QString& t = raw(gridRow, c);
+            const QString t = raw(gridRow, c);
             if (!covered[size_t(r) * size_t(cols + 1) + size_t(c)] && !t.isEmpty()) {
                 while (c + n <= cols && !covered[size_t(r) * size_t(cols + 1) + size_t(c + n)] &&
                        raw(gridRow, c + n) == t) {
@@ -601,8 +696,10 @@ void SpreadModel::sortRows(int col, bool ascending) {
     std::iota(order.begin(), order.end(), 0);
     std::vector<double> numbers(static_cast<size_t>(rows));
     std::vector<char> numeric(static_cast<size_t>(rows));
+    std::vector<QString> texts(static_cast<size_t>(rows));
     for (int i = 0; i < rows; ++i) {
-        numeric[size_t(i)] = gfIsNumeric(raw(i + 1, col), &numbers[size_t(i)]);
+        texts[size_t(i)] = raw(i + 1, col);
+        numeric[size_t(i)] = gfIsNumeric(texts[size_t(i)], &numbers[size_t(i)]);
     }
     const auto less = [&](int a, int b) {
         if (numeric[size_t(a)] && numeric[size_t(b)]) {
@@ -611,7 +708,7 @@ void SpreadModel::sortRows(int col, bool ascending) {
         if (numeric[size_t(a)] != numeric[size_t(b)]) {
             return bool(numeric[size_t(a)]); // numbers before texts
         }
-        return raw(a + 1, col) < raw(b + 1, col);
+        return texts[size_t(a)] < texts[size_t(b)];
     };
     std::stable_sort(order.begin(), order.end(),
                      [&](int a, int b) { return ascending ? less(a, b) : less(b, a); });

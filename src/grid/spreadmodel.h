@@ -1,5 +1,7 @@
 #pragma once
 
+#include "grid/spreadcells.h"
+
 #include <QAbstractTableModel>
 #include <QColor>
 #include <QFont>
@@ -79,7 +81,12 @@ public:
     void setMaxCols(int cols);
     void setHeadRows(int rows);
     int dataRowCnt() const;
-    bool validCell(int row, int col) const;
+    bool validCell(int row, int col) const {
+        if (col < 0 || col > maxCols()) {
+            return false;
+        }
+        return row >= 1 ? row <= maxRows() : row >= kHeadBase && row < kHeadBase + headRows();
+    }
     int toModelRow(int row) const { return row >= 1 ? headRows() + row - 1 : row - kHeadBase; }
     int toGridRow(int modelRow) const {
         return modelRow < headRows() ? kHeadBase + modelRow : modelRow - headRows() + 1;
@@ -89,9 +96,11 @@ public:
     QString text(int row, int col) const;  // as shown: formatted float, "YYYY/MM/DD" date
     QString value(int row, int col) const; // float number, "YYYYMMDD", combo index, check 0/1
     void setText(int row, int col, const QString& text);
+    // The text and the fore colour at once: the fill of a long list writes both into every cell.
+    void setText(int row, int col, const QString& text, quint32 foreColor);
     void setValue(int row, int col, const QString& value);
     // The stored form without conversion (tests, export).
-    const QString& raw(int row, int col) const;
+    QString raw(int row, int col) const;
 
     // ---- look and behaviour
     SpreadFormat format(int row, int col) const;
@@ -152,14 +161,12 @@ signals:
     void cellEdited(int row, int col);
 
 private:
-    struct Cell {
-        QString raw;
-        quint32 fore = 0; // low 24 bits colour; kLockSet, kLocked, kOwnFormat flags above
-        quint32 back = kSpreadNoColor;
-    };
-    static constexpr quint32 kLockSet = 1u << 24;
-    static constexpr quint32 kLocked = 1u << 25;
-    static constexpr quint32 kOwnFormat = 1u << 26;
+    // Texts, colours and the per-cell bits below; formats live per column, with the cells of a
+    // format of their own in m_cellFormats.
+    using Cell = SpreadCell;
+    static constexpr quint8 kLockSet = 1;
+    static constexpr quint8 kLocked = 2;
+    static constexpr quint8 kOwnFormat = 4;
     struct Column {
         SpreadFormat format;
         double width = 8.0;
@@ -172,7 +179,17 @@ private:
 
     const Cell* cell(int row, int col) const;
     Cell* cellForWrite(int row, int col);
+    void store(Cell& cell, const QString& text);
+    void writeText(Cell& cell, int row, int col, const QString& text);
+    // Lets go of the texts of a row's cells from column `from` on (the row is cut or dropped).
+    void release(Row& row, size_t from = 0);
+    void compactIfWorthIt();
+    template <typename Visit> void forEachCell(Visit visit);
+    // Palette index of a colour (never 0); a full palette is rebuilt from the cells first.
+    quint16 colorIndex(quint32 bgr);
+    void rebuildPalette();
     const SpreadFormat& formatRef(int row, int col) const;
+    const SpreadFormat& formatOf(const Cell* cell, int row, int col) const;
     static quint64 key(int row, int col) {
         return (quint64(quint32(row - kHeadBase)) << 20) | quint32(col);
     }
@@ -185,6 +202,9 @@ private:
     std::vector<Row> m_rows;
     std::vector<Column> m_cols;
     QHash<quint64, SpreadFormat> m_cellFormats;
+    SpreadTextPool m_texts;
+    std::vector<quint32> m_palette{0}; // index 0 stands for black (fore) or none (back)
+    QHash<quint32, quint16> m_paletteIndex;
     QFont m_font;
     int m_frozenCols = 0;
     int m_frozenRows = 0;

@@ -6,10 +6,24 @@
 
 namespace {
 
+// Most cells have no blank at either end: they need no trimming.
+QStringView trimmedView(const QString& text) {
+    if (text.isEmpty() || (!text.front().isSpace() && !text.back().isSpace())) {
+        return text;
+    }
+    return QStringView(text).trimmed();
+}
+
 quint32 markedColor(const QString& text, const QString& markText, quint32 markColor,
                     bool wholeNumber) {
-    if (text.trimmed() == markText.trimmed()) {
+    const QStringView trimmed = trimmedView(text);
+    if (trimmed == trimmedView(markText)) {
         return markColor;
+    }
+    // Only a number below zero is marked, and one begins with its sign: a list of thousands of
+    // cells reads no other number.
+    if (!trimmed.startsWith(u'-')) {
+        return 0;
     }
     double v = 0;
     if (gfIsNumeric(text, &v)) {
@@ -21,6 +35,11 @@ quint32 markedColor(const QString& text, const QString& markText, quint32 markCo
         }
     }
     return 0;
+}
+
+const QString& emptyText() {
+    static const QString empty;
+    return empty;
 }
 
 bool isLoneZero(const QString& text) {
@@ -127,23 +146,33 @@ void gsSpreadCell(Spread* grid, int row, int col, int type, int maxLength, int h
     }
 }
 
-void gsSpreadSetText(Spread* grid, int row, int col, QString& text, quint32 markColor,
+namespace {
+
+// gsSpreadSetText without touching the caller's text; true when a lone zero went in blank.
+bool writeMarkedText(Spread* grid, int row, int col, const QString& text, quint32 markColor,
                      const QString& markText, const QString& flag) {
     SpreadModel* m = grid->model();
     if (!m->validCell(row, col)) {
-        return;
+        return false;
     }
-    m->setForeColor(row, col, markedColor(text, markText, markColor, false));
-    if (flag == QLatin1String("N") && isLoneZero(text)) {
+    const quint32 fore = markedColor(text, markText, markColor, false);
+    const bool blank = flag.size() == 1 && flag.front() == u'N' && isLoneZero(text);
+    m->setText(row, col, blank ? emptyText() : text, fore);
+    return blank;
+}
+
+} // namespace
+
+void gsSpreadSetText(Spread* grid, int row, int col, QString& text, quint32 markColor,
+                     const QString& markText, const QString& flag) {
+    if (writeMarkedText(grid, row, col, text, markColor, markText, flag)) {
         text.clear();
     }
-    m->setText(row, col, text);
 }
 
 void gsSpreadSetText(Spread* grid, int row, int col, const QString& text, quint32 markColor,
                      const QString& markText, const QString& flag) {
-    QString copy = text;
-    gsSpreadSetText(grid, row, col, copy, markColor, markText, flag);
+    writeMarkedText(grid, row, col, text, markColor, markText, flag);
 }
 
 void gsSpreadSetValue(Spread* grid, int row, int col, QString& text, quint32 markColor,

@@ -307,6 +307,11 @@ TEST_F(Bamas110, theServerTextCarriesNoSqliteSpelling) {
     QTest::mouseClick(element("chkGT22", 2), Qt::LeftButton);
     const Dialect server(Dialect::Engine::SqlServer);
     const ScopedDialect spelling(server);
+    for (const QString& sql : QStringList{screen->listStatement(), screen->itemStatement(true),
+                                          screen->itemStatement(false)} +
+                                  screen->subSaveStatements()) {
+        keepServerText(sql);
+    }
     const QString all = screen->listStatement() + screen->itemStatement(true) +
                         screen->itemStatement(false) + screen->subSaveStatements().join(u';');
     EXPECT_FALSE(all.contains(QStringLiteral("||")));

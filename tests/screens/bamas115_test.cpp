@@ -346,7 +346,7 @@ TEST_F(Bamas115, theServerTextCarriesNoSqliteSpelling) {
     clickElement("chkGT23", 2);
     const Dialect serverDialect(Dialect::Engine::SqlServer);
     const ScopedDialect server(serverDialect);
-    const QString sql = screen->listStatement();
+    const QString sql = keepServerText(screen->listStatement());
     EXPECT_FALSE(sql.contains(QStringLiteral("||")));
     EXPECT_TRUE(sql.contains(QStringLiteral("C_UNIFORM UF  WITH(NOLOCK)")));
     EXPECT_TRUE(sql.contains(

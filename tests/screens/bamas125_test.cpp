@@ -156,6 +156,11 @@ TEST_F(Bamas125, theServerTextCarriesNoSqliteSpelling) {
     clickCell(list, 1, 2);
     const Dialect server(Dialect::Engine::SqlServer);
     const ScopedDialect spelling(server);
+    for (const QString& sql : QStringList{screen->listStatement(), screen->schoolStatement(true),
+                                          screen->schoolStatement(false)} +
+                                  screen->saveStatements()) {
+        keepServerText(sql);
+    }
     const QString all = screen->listStatement() + screen->schoolStatement(true) +
                         screen->schoolStatement(false) + screen->saveStatements().join(u';');
     EXPECT_FALSE(all.contains(QStringLiteral("||")));

@@ -140,7 +140,7 @@ TEST_F(Bamas505, theServerTextCarriesNoSqliteSpelling) {
     paste(QStringLiteral("7\t1\t칠중학교\t칠중\t1\n"));
     const Dialect server(Dialect::Engine::SqlServer);
     const ScopedDialect spelling(server);
-    const QString sql = screen->insertStatement(1);
+    const QString sql = keepServerText(screen->insertStatement(1));
     EXPECT_FALSE(sql.contains(QStringLiteral("||")));
     EXPECT_TRUE(sql.contains(QStringLiteral("GETDATE()")));
     EXPECT_EQ(BAMAS505::formatCode(QStringLiteral(" 7 ")), QStringLiteral("007"));

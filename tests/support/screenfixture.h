@@ -1,5 +1,6 @@
 #pragma once
 
+#include "servertexts.h"
 #include "testdb.h"
 
 #include "screens/screens.h"
