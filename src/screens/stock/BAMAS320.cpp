@@ -4,7 +4,6 @@
 #include "data/dialect.h"
 #include "data/itemcode.h"
 #include "data/messages.h"
-#include "data/schema/stockqty.h"
 #include "data/schema/views.h"
 #include "data/session.h"
 #include "data/sizelabels.h"
@@ -351,12 +350,7 @@ QString BAMAS320::titleSql(bool byItem) const {
 
 QString BAMAS320::stockSql() const {
     const Dialect& d = dialect();
-    const QString store = gfComboCode(cboOutStore[0], m_outStore[0]);
-    const QString year = entryYear(cboYY[0]);
-    // The sender's stock only: the scoped select carries store and year into every leg, where a
-    // filter on the view would first add up the movements of the whole chain.
-    QString join = u" LEFT OUTER JOIN ("_s + stockQtySelect(d, {session().gsCompany, store, year}) +
-                   u") SC ON SC.COMPANY = SS.COMPANY "
+    QString join = u" LEFT OUTER JOIN VIW_STOCKQTY_TEMP SC ON SC.COMPANY = SS.COMPANY "
                    "AND SC.STORECD = SS.STORECD AND SC.SCHOOLCD = SS.SCHOOLCD "
                    "AND SC.YYYY = SS.BSYYYY AND SC.UNIFORMCD = SS.CD "_s;
     if (const QString sex = code(cboGT23[0], m_gt23[0]); !sex.isEmpty()) {
@@ -367,7 +361,8 @@ QString BAMAS320::stockSql() const {
            "   SELECT SS.SCHOOLCD, LEFT(SS.CD, 4) CD1, RTRIM(SUBSTRING(SS.CD, 5, 2)) CD2, "_s +
            eachSize(u"ISNULL(SC.C%1, 0) C%1"_s) + u"     FROM VIW_SCHUNIFOMSIZE SS "_s + join +
            u"    WHERE SS.COMPANY = "_s + quotedCompany() + u" AND SS.STORECD = "_s +
-           quoted(store) + u" AND SS.BSYYYY = "_s + quoted(year) + u" ) SELECT "_s +
+           quoted(gfComboCode(cboOutStore[0], m_outStore[0])) + u" AND SS.BSYYYY = "_s +
+           quoted(entryYear(cboYY[0])) + u" ) SELECT "_s +
            d.cat({u"MAX(SCHOOLCD)"_s, u"RTRIM(CD1)"_s, u"RTRIM(CD2)"_s}) + u" CDKEY, "_s + sums +
            u"   FROM STOCK_VIEW WHERE CD2 > '' GROUP BY CD1, CD2 "
            " UNION ALL SELECT "_s +
