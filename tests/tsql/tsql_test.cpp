@@ -69,7 +69,7 @@ TEST(Tsql, everyServerTextAndTheDdlParse) {
     QDir().mkpath(texts);
 
     // The tests that build server texts keep them in the folder (by the "Server" in their names).
-    for (const QString& program : QString::fromUtf8(TORVIX_TEST_PROGRAMS).split(u';')) {
+    for (const QString& program : QString::fromUtf8(TORVIX_TEST_PROGRAMS).split(u'|')) {
         int code = 0;
         const QString output =
             run(program, {QStringLiteral("--gtest_filter=*Server*")}, texts, &code);
